@@ -1,0 +1,29 @@
+# How every target of this project is made: one language level, one set of warnings, one way to name things.
+
+add_library(kelvo_flags INTERFACE)
+target_compile_features(kelvo_flags INTERFACE cxx_std_20)
+target_include_directories(kelvo_flags INTERFACE "${CMAKE_CURRENT_SOURCE_DIR}/src")
+target_compile_options(kelvo_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+if(KELVO_SANITIZE)
+  target_compile_options(kelvo_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                               -fno-omit-frame-pointer)
+  target_link_options(kelvo_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+# The sources of the calling folder. What differs between systems is named *_posix.cpp or *_windows.cpp.
+function(kelvo_sources result)
+  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+  if(WIN32)
+    list(FILTER sources EXCLUDE REGEX "_posix\\.cpp$")
+  else()
+    list(FILTER sources EXCLUDE REGEX "_windows\\.cpp$")
+  endif()
+  set(${result} ${sources} PARENT_SCOPE)
+endfunction()
+
+# kelvo_library(NAME [DEPENDENCY...]): one static library for the calling folder.
+function(kelvo_library name)
+  kelvo_sources(sources)
+  add_library(${name} STATIC ${sources})
+  target_link_libraries(${name} PUBLIC kelvo_flags ${ARGN})
+endfunction()

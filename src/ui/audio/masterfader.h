@@ -1,0 +1,44 @@
+#pragma once
+
+#include "model/settings.h"
+#include "ui/controls/entrywindow.h"
+#include "unit/unitlink.h"
+
+#include <QGroupBox>
+
+namespace kelvo {
+
+/// The unit's main volume in all its places: the frame beside the tabs, the "Master Fader" frames of
+/// three tabs and the fader dialog. One change on any of them is sent once.
+class MasterFader : public QObject {
+    Q_OBJECT
+
+  public:
+    /// `window` is the main window: it owns the dialog `frmFader` and the boxes.
+    MasterFader(Settings &settings, UnitLink &link, EntryWindow &entries, QWidget *window);
+
+    /// `Frame1(5)`: slider `sclVol`, its label and `lblVol(3)`.
+    QGroupBox *BuildMaster();
+    /// A "Master Fader" frame named `name` with `lblVol(index)`, `cmdSet7(index)`, `cmdAdjust(index)`.
+    QGroupBox *BuildFrame(const QString &name, int index);
+
+    /// Brings every fader display into line with `Settings::FaderLevel`.
+    void ReflectVolumeLevel(bool moveSlider);
+    /// The text of `lblVol(0)`.
+    QString FieldText() const;
+    /// Puts "7.0" into `lblVol(0)` and validates it.
+    void SetNominal();
+    /// The question and, unless No, fader 7.0.
+    void cmdSet7_Click();
+
+    /// Takes what is typed in the dialog's field; false after a bad value.
+    bool CommitDialogEntry();
+
+  private:
+    Settings &settings_;
+    UnitLink &link_;
+    EntryWindow &entries_;
+    QWidget *window_;
+};
+
+} // namespace kelvo

@@ -1,0 +1,10 @@
+#include "ui/controls/entrywindow.h"
+
+namespace kelvo {
+
+bool EntryWindow::CommitEntry()
+{
+    return true;
+}
+
+} // namespace kelvo

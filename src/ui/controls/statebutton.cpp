@@ -1,0 +1,92 @@
+#include "ui/controls/statebutton.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+#include <array>
+
+namespace kelvo {
+
+namespace {
+
+struct FaceColours {
+    QColor fill;
+    QColor text;
+};
+
+FaceColours ColoursOf(Face face)
+{
+    static const std::array<FaceColours, 5> Colours{{{},
+                                                     {QColor(128, 128, 128), Qt::white},
+                                                     {QColor(255, 255, 0), Qt::black},
+                                                     {QColor(255, 0, 0), Qt::white},
+                                                     {QColor(0, 255, 0), Qt::black}}};
+    return Colours[std::size_t(face)];
+}
+
+QFont Bold(QFont font, bool bold)
+{
+    font.setBold(bold);
+    return font;
+}
+
+} // namespace
+
+StateButton::StateButton(const QString &caption, QWidget *parent) : QPushButton(caption, parent)
+{
+}
+
+void StateButton::Show(const QString &caption, Face face)
+{
+    setText(caption);
+    SetFace(face);
+}
+
+void StateButton::SetFace(Face face)
+{
+    face_ = face;
+    setFont(Bold(font(), face != Face::Normal));
+    update();
+}
+
+QSize StateButton::sizeHint() const
+{
+    const QFontMetrics bold(Bold(font(), true));
+    const QSize plain = QPushButton::sizeHint();
+    const int growth = bold.size(Qt::TextShowMnemonic, text()).width() -
+                       fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+    return plain + QSize(growth, 0);
+}
+
+QSize StateButton::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+void StateButton::paintEvent(QPaintEvent *event)
+{
+    if (face_ == Face::Normal) {
+        QPushButton::paintEvent(event);
+        return;
+    }
+    auto [fill, ink] = ColoursOf(face_);
+    if (!isEnabled())
+        ink.setAlpha(110);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    QStylePainter painter(this);
+    painter.setPen(fill.darker(160));
+    painter.setBrush(isDown() ? fill.darker(115) : fill);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.setPen(ink);
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
+    if (hasFocus()) {
+        painter.setPen(QPen(ink, 1, Qt::DotLine));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(rect().adjusted(3, 3, -4, -4));
+    }
+}
+
+} // namespace kelvo

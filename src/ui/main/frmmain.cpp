@@ -1,0 +1,7 @@
+#include "ui/main/frmmain.h"
+
+namespace kelvo {
+
+FrmMain::FrmMain() = default;
+
+} // namespace kelvo
