@@ -3,10 +3,11 @@
 #include "model/settings.h"
 #include "unit/devicelibrary.h"
 #include "unit/linkview.h"
+#include "unit/unitholds.h"
 #include "unit/wallclock.h"
 
-#include <array>
 #include <optional>
+#include <string_view>
 
 namespace kelvo {
 
@@ -40,18 +41,6 @@ enum class UnitOp {
 enum class UploadSelector { Both, SystemOnly, AudioOnly };
 enum class UploadTrigger { Explicit = -1, AfterEdit = 0, Unasked = 1 };
 
-/// What the unit last took or told. Empty until it did.
-struct UnitHolds {
-    std::optional<AudioBlock> Audio;
-    std::optional<SystemBlock> System;
-    std::optional<Word> FaderLevel;
-    std::optional<Word> MuteState;
-    std::optional<Word> CurrentFormat;
-    std::array<bool, ChannelCount> Pink{};
-    std::array<bool, ChannelCount> Inverted{};
-    bool RT60 = false;
-};
-
 /// The one door to the unit: every operation with its retries and its error report, the connection,
 /// upload, read-back and polling. Knows no window; what it has to show goes to its `LinkView`.
 class UnitLink {
@@ -62,13 +51,14 @@ class UnitLink {
     bool UnitBusy() const { return unitBusy_; } ///< a call that is not a status poll is in progress
     bool PollActive() const { return pollActive_; }
     bool ConnectionAccepted() const { return connectionAccepted_; }
-    /// A call of either kind is on the stack: nothing else may touch the unit.
-    bool InCall() const { return unitBusy_ || pollActive_ || connecting_; }
+    /// A call, its report or its question is on the stack: nothing else may touch the unit.
+    bool InCall() const { return unitBusy_ || pollActive_ || connecting_ || yielding_; }
     bool Connecting() const { return connecting_; }
 
     /// Calls the library, up to six times with 300 ms between. Answers 0 for success and when off line
     /// (nothing is called then), else the sixth failure's status: the link is then closed, but for
-    /// `StreamNotLocked`. The arguments count for SetPink, SetPhase, SetRT60 (second) and SetDLLBaud.
+    /// `StreamNotLocked`. The arguments count for SetPink, SetPhase, SetRT60 (second) and SetDLLBaud; every
+    /// other value is read from the settings at each attempt.
     Status RetryFunction(UnitOp op, Word first = 0, Word second = 0);
 
     /// Reports a status and ends the connection; 768 only unlocks the stream, 0 is silent.
@@ -94,7 +84,7 @@ class UnitLink {
     int RefreshCounter() const { return refreshCounter_; }
 
     /// One direct optical read of the running stream, without retries; a failure goes to `DispErr`.
-    /// Off line nothing is called and the answer is `StreamNotLocked`.
+    /// Off line or inside another call nothing is called and the answer is `StreamNotLocked`.
     Status ReadGain(std::span<Byte, GainBytes> reading);
     Status ReadSlitLoss(std::span<Byte, SlitLossBytes> sample, Word &side);
     Status ReadAzimuth(std::span<Byte, AzimuthBytes> frame);
@@ -107,13 +97,25 @@ class UnitLink {
     LocalTime ConsoleTime();
 
     const UnitHolds &Holds() const { return holds_; }
-    /// How many fields of the settings differ from what the unit holds, the clock left out; empty until
-    /// the unit was read.
-    std::optional<int> Differences() const;
+    /// How many fields of the settings the unit does not hold; empty until it was read.
+    std::optional<int> Differences() const { return CountDifferences(settings_, holds_); }
 
   private:
+    Status CallUpToSixTimes(UnitOp op, Word first, Word second);
     Status CallLibrary(UnitOp op, Word first, Word second);
+    template <class Show>
+    Status ReadWord(Status (DeviceLibrary::*get)(Word &), Word &value, std::optional<Word> &held, Show show);
+    template <class Read>
+    Status ReadStream(Read read);
+
+    bool OpenConnection();
+    bool Answers(UnitOp op);
     bool AcceptVersion();
+    bool MayUpload(UploadTrigger trigger);
+
+    void ShowAttempt(int failures);
+    void Report(std::string_view title, std::string_view text);
+    bool Ask(std::string_view title, std::string_view text);
 
     Settings &settings_;
     DeviceLibrary &library_;
@@ -129,6 +131,7 @@ class UnitLink {
     bool connectionAccepted_ = false;
     bool connecting_ = false;
     bool polling_ = false;
+    bool yielding_ = false; ///< the view may be running the event loop inside this object's call
 };
 
 } // namespace kelvo

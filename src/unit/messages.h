@@ -1,0 +1,34 @@
+#pragma once
+
+#include "unit/devicelibrary.h"
+
+#include <optional>
+#include <string>
+
+namespace kelvo::messages {
+
+using Text = const char *;
+
+inline constexpr Text ConnectionErrorTitle = "Connection Error";
+inline constexpr Text UnableToConnect = "Unable to connect to unit!";
+
+inline constexpr Text OutOfDateTitle = "Cinema Processor Error";
+inline constexpr Text OutOfDate = "Error cinema processor bios is out of date, contact Kelvo for an update.";
+
+inline constexpr Text ConfirmUploadTitle = "Confirm Upload!";
+inline constexpr Text ConfirmUpload = "Are you sure you want to Upload the Current Settings?";
+
+inline constexpr Text Connecting = "Connecting to Cinema Processor.";
+inline constexpr Text ReadingVersion = "Determining Software Version.";
+
+inline constexpr Text CpuVersionCaption = "CPU Version: ";
+inline constexpr Text DspControllerCaption = "DSP Controller: ";
+inline constexpr Text DspFirmwareCaption = "DSP Firmware: ";
+
+/// What the box lists when an accepted connection ends: one line for each known error bit.
+std::string ErrorReport(Status status);
+
+/// The line beside the lamp: "All sent", "3 changes not in the unit - F2", blank before a unit was read.
+std::string SentText(std::optional<int> differences);
+
+} // namespace kelvo::messages
