@@ -17,6 +17,7 @@ Preferences ParsePreferences(std::string_view bytes);
 
 /// A missing or unreadable file gives the defaults, silently.
 Preferences ReadPreferences(const std::string &path);
-std::optional<FileFailure> WritePreferences(const std::string &path, const Preferences &options);
+std::optional<FileFailure> WritePreferences(const std::string &path, const Preferences &options,
+                                            const FileCalls &calls = FileCalls());
 
 } // namespace kelvo

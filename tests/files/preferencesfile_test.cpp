@@ -1,0 +1,81 @@
+#include "files/preferencesfile.h"
+
+#include <doctest/doctest.h>
+
+using namespace kelvo;
+
+namespace {
+
+const Preferences Chosen{.ComPort = 3,
+                         .AutoUpload = true,
+                         .ConfirmUpload = false,
+                         .Shortcuts = true,
+                         .AutoRefresh = 1,
+                         .RefreshSeconds = 600};
+
+} // namespace
+
+TEST_CASE("settings.dat holds six lines, one value each")
+{
+    CHECK(ComposePreferences(Chosen) == "3\r\nTrue\r\nFalse\r\nTrue\r\n1\r\n600\r\n");
+    CHECK(ComposePreferences(Preferences()) == "1\r\nFalse\r\nFalse\r\nFalse\r\n0\r\n0\r\n");
+}
+
+TEST_CASE("settings.dat is read with blanks and quotes around values, in any case, with either line end")
+{
+    for (const char *const bytes :
+         {"3\r\nTrue\r\nFalse\r\nTrue\r\n1\r\n600\r\n", "3\nTrue\nFalse\nTrue\n1\n600",
+          " 3 \r\n\tTRUE\r\n false \r\n\"true\"\r\n\" 1 \"\r\n \"600\" \r\n",
+          "03\nTrue\nFALSE\ntRuE\n1\n600\nmore\n"}) {
+        CAPTURE(bytes);
+        CHECK(ParsePreferences(bytes) == Chosen);
+    }
+}
+
+TEST_CASE("the first value that cannot be read ends the reading; the defaults stay for it and the rest")
+{
+    const auto first = [](int count) {
+        Preferences options;
+        if (count > 0)
+            options.ComPort = 3;
+        if (count > 1)
+            options.AutoUpload = true;
+        if (count > 2)
+            options.ConfirmUpload = true;
+        if (count > 3)
+            options.Shortcuts = true;
+        if (count > 4)
+            options.AutoRefresh = 1;
+        if (count > 5)
+            options.RefreshSeconds = 600;
+        return options;
+    };
+    const std::string lines[] = {"3", "True", "True", "True", "1", "600"};
+    for (const char *const bad : {"", "x", "1x", "Tru", "Truely", "\"True", "1.5", "70000", "--1", "1 1"})
+        for (int damaged = 0; damaged <= 6; ++damaged) {
+            std::string bytes;
+            for (int line = 0; line < 6; ++line)
+                bytes += (line == damaged ? std::string(bad) : lines[line]) + "\r\n";
+            CAPTURE(bytes);
+            CHECK(ParsePreferences(bytes) == first(damaged));
+        }
+    CHECK(ParsePreferences("") == Preferences());
+    CHECK(ParsePreferences("3\r\nTrue") == first(2));
+}
+
+TEST_CASE("a port outside 1 to 4 is port 1, and the reading goes on")
+{
+    for (const char *const port : {"0", "5", "-1", "32767"}) {
+        const Preferences options = ParsePreferences(std::string(port) + "\r\nTrue\r\n");
+        CHECK(options.ComPort == 1);
+        CHECK(options.AutoUpload);
+    }
+    CHECK(ParsePreferences("4\r\n").ComPort == 4);
+}
+
+TEST_CASE("automatic refresh takes any word")
+{
+    const Preferences options = ParsePreferences("1\nFalse\nFalse\nFalse\n-1\n-32768\n");
+    CHECK(options.AutoRefresh == -1);
+    CHECK(options.RefreshSeconds == -32768);
+}
