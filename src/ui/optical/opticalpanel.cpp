@@ -1,31 +1,378 @@
 #include "ui/optical/opticalpanel.h"
 
+#include "ui/controls/named.h"
+#include "ui/controls/uploadbutton.h"
+#include "ui/optical/messages.h"
+
+#include <QElapsedTimer>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QRadioButton>
+#include <QScopedValueRollback>
+#include <QVBoxLayout>
+
+#include <chrono>
+
 namespace kelvo {
 
-OpticalPanel::OpticalPanel(Settings &settings, UnitLink &link, EntryWindow &, Surroundings surroundings)
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto ReadingInterval = 1ms;
+constexpr auto BlinkInterval = 1000ms;
+
+/// The format that the unit is put in for the duration of a stream.
+constexpr Word StreamFormat = 1;
+
+constexpr int Spacing = 6;
+constexpr int GroupSpacing = 12;
+
+void Fill(QLabel *label, const QColor &ground, const QColor &ink)
+{
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::Window, ground);
+    palette.setColor(QPalette::WindowText, ink);
+    label->setPalette(palette);
+    label->setAutoFillBackground(true);
+}
+
+void KeepPlaceWhenHidden(QWidget *widget)
+{
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+}
+
+} // namespace
+
+OpticalPanel::OpticalPanel(Settings &settings, UnitLink &link, EntryWindow &entries,
+                           Surroundings surroundings)
     : settings_(settings),
       link_(link),
-      surroundings_(std::move(surroundings))
+      surroundings_(std::move(surroundings)),
+      graphs_(new GraphArea)
 {
+    auto *controls = new QVBoxLayout;
+    controls->setSpacing(GroupSpacing);
+    controls->addWidget(BuildMeasurements());
+    controls->addWidget(BuildProjectors());
+    controls->addWidget(BuildStart());
+    controls->addWidget(surroundings_.cmdMute4);
+    controls->addStretch();
+    connect(surroundings_.cmdMute4, &QPushButton::clicked, this, &OpticalPanel::cmdMute4_Click);
+
+    auto *layout = new QGridLayout(this);
+    layout->setHorizontalSpacing(GroupSpacing);
+    layout->setVerticalSpacing(GroupSpacing);
+    layout->addWidget(graphs_, 0, 0);
+    layout->addLayout(controls, 0, 1);
+    layout->addWidget(BuildRT60(), 1, 0);
+    layout->addWidget(BuildUploadButton(3, link, entries), 1, 1);
+    layout->setColumnStretch(0, 1);
+    layout->setRowStretch(0, 1);
+
+    tmrOptical_ = Named(new QTimer(surroundings_.window), "tmrOptical");
+    tmrOptical_->setTimerType(Qt::PreciseTimer);
+    tmrOptical_->setInterval(ReadingInterval);
+    connect(tmrOptical_, &QTimer::timeout, this, &OpticalPanel::tmrOptical_Timer);
+    Timer2_ = Named(new QTimer(surroundings_.window), "Timer2");
+    connect(Timer2_, &QTimer::timeout, this, &OpticalPanel::Timer2_Timer);
+    Timer2_->start(BlinkInterval);
 }
-bool OpticalPanel::Streaming() const
+
+QGroupBox *OpticalPanel::BuildMeasurements()
 {
-    return false;
+    auto *group = new QGroupBox(tr("Measurement"));
+    auto *layout = new QVBoxLayout(group);
+    layout->setSpacing(Spacing);
+    auto *optOptical = new QButtonGroup(group);
+    for (int index = 0; index < int(Measurements.size()); ++index) {
+        auto *option = Named(new QRadioButton(tr(Measurements[std::size_t(index)])), "optOptical", index);
+        option->setChecked(index == int(measurement_));
+        optOptical->addButton(option, index);
+        layout->addWidget(option);
+    }
+    connect(optOptical, &QButtonGroup::idClicked, this, &OpticalPanel::optOptical_Click);
+    return group;
 }
+
+QGroupBox *OpticalPanel::BuildProjectors()
+{
+    auto *group = new QGroupBox(tr("Reader of"));
+    auto *layout = new QVBoxLayout(group);
+    layout->setSpacing(Spacing);
+    for (int index = 0; index < int(cmdPro_.size()); ++index) {
+        auto *cmdPro = Named(new StateButton(tr(Projectors[std::size_t(index)])), "cmdPro", index);
+        cmdPro->SetFace(index == settings_.Projector ? Face::Selected : Face::Normal);
+        connect(cmdPro, &QPushButton::clicked, this, [this, index] { cmdPro_Click(index); });
+        layout->addWidget(cmdPro);
+        cmdPro_[std::size_t(index)] = cmdPro;
+    }
+    return group;
+}
+
+QWidget *OpticalPanel::BuildStart()
+{
+    lblStart_ = Named(new QLabel(tr(PressStart)), "lblStart");
+    KeepPlaceWhenHidden(lblStart_);
+    cmdStart_ = Named(new QPushButton(tr(CaptionStart)), "cmdStart");
+    connect(cmdStart_, &QPushButton::clicked, this, &OpticalPanel::cmdStart_Click);
+    lblLock_ = Named(new QLabel(tr(Locked)), "lblLock");
+    lblLock_->setAlignment(Qt::AlignCenter);
+    lblLock_->setMargin(Spacing);
+    KeepPlaceWhenHidden(lblLock_);
+    lblLock_->hide();
+
+    auto *row = new QWidget;
+    auto *layout = new QGridLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(Spacing);
+    layout->addWidget(lblStart_, 0, 0);
+    layout->addWidget(cmdStart_, 0, 1);
+    layout->addWidget(lblLock_, 1, 0, 1, 2);
+    return row;
+}
+
+QGroupBox *OpticalPanel::BuildRT60()
+{
+    auto *group = new QGroupBox(tr("RT60"));
+    auto *layout = new QHBoxLayout(group);
+    layout->setSpacing(Spacing);
+    cmdRT60_ = Named(new StateButton(tr(CaptionOff)), "cmdRT60");
+    cmdRT60_->setAccessibleName(tr("Reverberation time test"));
+    connect(cmdRT60_, &QPushButton::clicked, this, &OpticalPanel::cmdRT60_Click);
+    layout->addWidget(new QLabel(tr("Reverberation time test")));
+    layout->addWidget(cmdRT60_);
+    layout->addStretch();
+    return group;
+}
+
 void OpticalPanel::cmdStart_Click()
 {
+    const bool wasStreaming = streaming_;
+    link_.RetryFunction(UnitOp::SetProjector);
+    history_ = {};
+    // A link lost in the call above has stopped a running stream already.
+    if (streaming_)
+        StopStream();
+    else if (!wasStreaming)
+        StartStream();
 }
+
+void OpticalPanel::StartStream()
+{
+    if (!link_.UnitOnline())
+        return;
+    link_.SetPolling(false);
+    Timer2_->stop();
+    lblStart_->hide();
+    surroundings_.enableBaudMenu(false);
+
+    settings_.FormatBeforeStream = settings_.CurrentFormat;
+    settings_.CurrentFormat = StreamFormat;
+    link_.RetryFunction(UnitOp::SelectFormat);
+    if (!link_.UnitOnline()) {
+        ReturnToIdle();
+        ResumeIdleTimers();
+        return;
+    }
+
+    surroundings_.cmdMute4->setEnabled(false);
+    streaming_ = true;
+    cmdStart_->setText(tr(CaptionStop));
+    lblLock_->show();
+    tmrOptical_->start(ReadingInterval);
+    BeginStream();
+    link_.RetryFunction(UnitOp::GetMute);
+}
+
+void OpticalPanel::StopStream()
+{
+    link_.RetryFunction(UnitOp::StopStream);
+    link_.RetryFunction(UnitOp::SetProjector);
+    ReturnToIdle();
+    link_.RetryFunction(UnitOp::SelectFormat);
+    ResumeIdleTimers();
+}
+
+void OpticalPanel::BeginStream()
+{
+    slit_ = NoSlitReadings();
+    switch (measurement_) {
+    case Measurement::Gain:
+        link_.RetryFunction(UnitOp::BeginGainStream);
+        break;
+    case Measurement::SlitLoss:
+        link_.RetryFunction(UnitOp::BeginSlitStream);
+        break;
+    case Measurement::Azimuth:
+        link_.RetryFunction(UnitOp::BeginAzimuthStream);
+        break;
+    }
+}
+
+void OpticalPanel::ReturnToIdle()
+{
+    tmrOptical_->stop();
+    tmrOptical_->setInterval(0);
+    streaming_ = false;
+    cmdStart_->setText(tr(CaptionStart));
+    lblLock_->hide();
+    ClearPictures();
+    surroundings_.cmdMute4->setEnabled(true);
+    surroundings_.enableBaudMenu(true);
+    settings_.CurrentFormat = settings_.OperatorFormat();
+    settings_.FormatBeforeStream.reset();
+}
+
+void OpticalPanel::ResumeIdleTimers()
+{
+    link_.SetPolling(true);
+    Timer2_->start(BlinkInterval);
+}
+
+void OpticalPanel::ClearPictures()
+{
+    graphs_->Graph().Clear();
+    graphs_->Azimuth().Clear();
+}
+
+void OpticalPanel::optOptical_Click(int index)
+{
+    const auto chosen = Measurement(index);
+    if (chosen == measurement_)
+        return;
+    measurement_ = chosen;
+    if (!streaming_)
+        return;
+    link_.RetryFunction(UnitOp::StopStream);
+    link_.RetryFunction(UnitOp::SetProjector);
+    ClearPictures();
+    BeginStream();
+}
+
+void OpticalPanel::cmdPro_Click(int index)
+{
+    link_.RetryFunction(UnitOp::StopStream);
+    for (StateButton *cmdPro : cmdPro_)
+        cmdPro->SetFace(cmdPro == cmdPro_[std::size_t(index)] ? Face::Selected : Face::Normal);
+    settings_.Projector = Word(index);
+    link_.RetryFunction(UnitOp::SetProjector);
+    if (streaming_)
+        BeginStream();
+}
+
 void OpticalPanel::cmdMute4_Click()
 {
+    link_.RetryFunction(UnitOp::StopStream);
+    surroundings_.toggleMute();
+    if (streaming_)
+        BeginStream();
 }
-void OpticalPanel::StreamLock(bool)
+
+void OpticalPanel::cmdRT60_Click()
 {
+    surroundings_.showNoiseOff();
+    const bool on = cmdRT60_->ShownFace() != Face::On;
+    if (on)
+        cmdRT60_->Show(tr(CaptionOn), Face::On);
+    else
+        ShowTestSignalsOff();
+    link_.RetryFunction(UnitOp::SetRT60, 0, on ? True : False);
 }
+
+void OpticalPanel::StreamLock(bool locked)
+{
+    if (shownLock_ == locked)
+        return;
+    shownLock_ = locked;
+    lblLock_->setText(tr(locked ? Locked : NotLocked));
+    if (locked)
+        Fill(lblLock_, QColor(0, 255, 0), Qt::black);
+    else
+        Fill(lblLock_, QColor(255, 0, 0), Qt::white);
+}
+
 void OpticalPanel::ShowTestSignalsOff()
 {
+    cmdRT60_->Show(tr(CaptionOff), Face::Normal);
 }
+
 void OpticalPanel::LeaveTab()
 {
+    if (streaming_)
+        cmdStart_Click();
+}
+
+void OpticalPanel::tmrOptical_Timer()
+{
+    if (inTick_ || !surroundings_.timersMayTouchUnit())
+        return;
+    const QScopedValueRollback<bool> inTick(inTick_, true);
+    QElapsedTimer reading;
+    reading.start();
+    graphs_->Graph().SetFontName(GraphFont);
+    ReadMeasurement();
+    // After a slow read the next one is put off by a whole interval, so that clicks and paintings that
+    // came meanwhile have their turn first.
+    if (tmrOptical_->isActive() && std::chrono::nanoseconds(reading.nsecsElapsed()) > ReadingInterval)
+        tmrOptical_->start();
+}
+
+void OpticalPanel::ReadMeasurement()
+{
+    switch (measurement_) {
+    case Measurement::Gain:
+        ReadGain();
+        break;
+    case Measurement::SlitLoss:
+        ReadSlitLoss();
+        break;
+    case Measurement::Azimuth:
+        ReadAzimuth();
+        break;
+    }
+}
+
+void OpticalPanel::ReadGain()
+{
+    GainReading gain{};
+    if (link_.ReadGain(gain) != Success)
+        return;
+    StreamLock(true);
+    graphs_->ShowAzimuth(false);
+    graphs_->Graph().Draw(DrawGain(gain));
+}
+
+void OpticalPanel::ReadSlitLoss()
+{
+    std::array<Byte, SlitLossBytes> sample{};
+    Word side = 0;
+    if (link_.ReadSlitLoss(sample, side) != Success)
+        return;
+    StreamLock(true);
+    graphs_->ShowAzimuth(false);
+    slit_[side == 0 ? 0 : 1] = sample;
+    graphs_->Graph().Draw(DrawSlit(slit_));
+}
+
+void OpticalPanel::ReadAzimuth()
+{
+    std::array<Byte, AzimuthBytes> frame{};
+    if (link_.ReadAzimuth(frame) != Success)
+        return;
+    StreamLock(true);
+    graphs_->ShowAzimuth(true);
+    history_.Store(frame);
+    const int next = history_.NextLine();
+    graphs_->Azimuth().DrawAzimuth(history_, Word(history_.line), Word(next));
+    history_.line = next;
+}
+
+void OpticalPanel::Timer2_Timer()
+{
+    lblStart_->setVisible(lblStart_->isHidden());
 }
 
 } // namespace kelvo

@@ -3,11 +3,18 @@
 #include "model/settings.h"
 #include "ui/controls/entrywindow.h"
 #include "ui/controls/statebutton.h"
+#include "ui/optical/grapharea.h"
 #include "unit/unitlink.h"
 
+#include <QButtonGroup>
+#include <QGroupBox>
+#include <QLabel>
+#include <QTimer>
 #include <QWidget>
 
+#include <array>
 #include <functional>
+#include <optional>
 
 namespace kelvo {
 
@@ -28,7 +35,7 @@ class OpticalPanel : public QWidget {
 
     OpticalPanel(Settings &settings, UnitLink &link, EntryWindow &entries, Surroundings surroundings);
 
-    bool Streaming() const;
+    bool Streaming() const { return streaming_; }
     void cmdStart_Click();
     void cmdMute4_Click();
     void StreamLock(bool locked);
@@ -38,9 +45,52 @@ class OpticalPanel : public QWidget {
     void LeaveTab();
 
   private:
+    enum class Measurement { Gain, SlitLoss, Azimuth };
+
+    QGroupBox *BuildMeasurements();
+    QGroupBox *BuildProjectors();
+    QWidget *BuildStart();
+    QGroupBox *BuildRT60();
+
+    void optOptical_Click(int index);
+    void cmdPro_Click(int index);
+    void cmdRT60_Click();
+    void tmrOptical_Timer();
+    void Timer2_Timer();
+
+    void StartStream();
+    void StopStream();
+    /// Asks the unit for the selected measurement.
+    void BeginStream();
+    /// Everything on screen and in the model is as it was before Start; nothing is sent.
+    void ReturnToIdle();
+    void ResumeIdleTimers();
+    void ClearPictures();
+
+    void ReadMeasurement();
+    void ReadGain();
+    void ReadSlitLoss();
+    void ReadAzimuth();
+
     Settings &settings_;
     UnitLink &link_;
     Surroundings surroundings_;
+
+    Measurement measurement_ = Measurement::Gain;
+    SlitReadings slit_ = NoSlitReadings();
+    AzimuthHistory history_;
+    std::optional<bool> shownLock_;
+    bool streaming_ = false;
+    bool inTick_ = false;
+
+    GraphArea *graphs_;
+    std::array<StateButton *, 2> cmdPro_{};
+    QPushButton *cmdStart_;
+    QLabel *lblStart_;
+    QLabel *lblLock_;
+    StateButton *cmdRT60_;
+    QTimer *tmrOptical_;
+    QTimer *Timer2_;
 };
 
 } // namespace kelvo

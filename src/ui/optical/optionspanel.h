@@ -4,13 +4,18 @@
 #include "ui/controls/entrywindow.h"
 #include "unit/unitlink.h"
 
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
 #include <QWidget>
 
 #include <functional>
 
 namespace kelvo {
 
-/// The tab "Op&tions": every stored option of `SystemBlock`.
+/// The tab "Op&tions": every stored option of `SystemBlock`. Each choice of the user goes into its byte and
+/// is sent at once, a repeated choice of the same item too.
 class OptionsPanel : public QWidget {
     Q_OBJECT
 
@@ -27,8 +32,33 @@ class OptionsPanel : public QWidget {
     QString F1CaptionOfUnit() const;
 
   private:
+    QGroupBox *BuildPowerOnFormat();
+    QGroupBox *BuildF1Key();
+    QGroupBox *BuildNonsync();
+    QGroupBox *BuildDelays();
+    QGroupBox *BuildMatrix();
+    QComboBox *BuildList(const char *name, const QString &label);
+
+    void optDefaultFormat_Click(int index);
+    void optF1Key_Click(int index);
+    void cboNonsyncMode_Click(int index);
+    void cboNonsyncTrim_Click(int index);
+    void cboReaderDelay_Click(int index);
+    void cboSurroundDelay_Click(int index);
+    void chkDisableMatrix_Click(bool checked);
+    /// What every handler does once its byte is stored.
+    void SendOption();
+
     Settings &settings_;
     UnitLink &link_;
+    std::function<void(const QString &)> showF1Caption_;
+    QButtonGroup *optDefaultFormat_;
+    QButtonGroup *optF1Key_;
+    QComboBox *cboNonsyncMode_;
+    QComboBox *cboNonsyncTrim_;
+    QComboBox *cboReaderDelay_;
+    QComboBox *cboSurroundDelay_;
+    QCheckBox *chkDisableMatrix_;
 };
 
 } // namespace kelvo

@@ -1,0 +1,40 @@
+#include "ui/optical/choices.h"
+
+#include <QAbstractButton>
+
+namespace kelvo {
+
+void ChoiceList::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+void ShowChoice(QComboBox *list, int index)
+{
+    list->setCurrentIndex(index < list->count() ? index : -1);
+}
+
+void ShowChoice(QButtonGroup *options, int index)
+{
+    if (QAbstractButton *option = options->button(index)) {
+        option->setChecked(true);
+    } else if (QAbstractButton *chosen = options->checkedButton()) {
+        options->setExclusive(false);
+        chosen->setChecked(false);
+        options->setExclusive(true);
+    }
+}
+
+void ShowChoice(QCheckBox *box, int value)
+{
+    box->setTristate(false);
+    if (value == 0 || value == 1)
+        box->setChecked(value == 1);
+    else
+        box->setCheckState(Qt::PartiallyChecked);
+}
+
+} // namespace kelvo

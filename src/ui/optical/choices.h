@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QWheelEvent>
+
+namespace kelvo {
+
+/// A list box that leaves the wheel to its surroundings unless it has the focus.
+class ChoiceList : public QComboBox {
+    Q_OBJECT
+
+  public:
+    ChoiceList() { setFocusPolicy(Qt::StrongFocus); }
+
+  protected:
+    void wheelEvent(QWheelEvent *event) override;
+};
+
+// Each shows a stored value quietly; a value that the control does not offer shows no choice.
+
+void ShowChoice(QComboBox *list, int index);
+void ShowChoice(QButtonGroup *options, int index);
+/// 0 and 1 are unchecked and checked; any other byte is the third, half-marked state.
+void ShowChoice(QCheckBox *box, int value);
+
+} // namespace kelvo

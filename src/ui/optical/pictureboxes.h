@@ -1,0 +1,73 @@
+#pragma once
+
+#include "ui/optical/azimuthpicture.h"
+#include "ui/optical/graphpicture.h"
+
+#include <QTimer>
+#include <QWidget>
+
+namespace kelvo {
+
+/// A picture box on white ground. However often its content changes, it is painted at most once a display
+/// frame, and then with the newest content.
+class PictureBox : public QWidget {
+    Q_OBJECT
+
+  public:
+    PictureBox();
+
+  protected:
+    /// Asks for a painting within one display frame.
+    void Changed();
+
+  private:
+    QTimer frame_;
+};
+
+/// The box `OptGraph`: maps the graph's units linearly onto its whole area. Lines, bars and dashes begin
+/// and end on whole pixels of the screen, whatever its scale.
+class OptGraph : public PictureBox {
+    Q_OBJECT
+    /// The name that the routines give the graph's font. Those fonts need not exist: texts are drawn in the
+    /// console's own, narrowed for the small name.
+    Q_PROPERTY(QString fontName READ FontName)
+
+  public:
+    OptGraph();
+
+    QString FontName() const { return QLatin1String(fontName_); }
+    void SetFontName(const char *name) { fontName_ = name; }
+    void Draw(GraphPicture picture);
+    void Clear();
+
+    QSize sizeHint() const override { return minimumSizeHint(); }
+    QSize minimumSizeHint() const override { return {GraphWidth, GraphHeight}; }
+
+  protected:
+    void paintEvent(QPaintEvent *event) override;
+
+  private:
+    const char *fontName_ = GraphFont;
+    GraphPicture picture_;
+};
+
+/// The box `optAzi`: a square that shows the azimuth picture.
+class OptAzi : public PictureBox {
+    Q_OBJECT
+
+  public:
+    OptAzi();
+
+    void DrawAzimuth(const AzimuthHistory &history, Word current, Word next);
+    void Clear();
+
+    QSize sizeHint() const override { return {AzimuthPicture::Side, AzimuthPicture::Side}; }
+
+  protected:
+    void paintEvent(QPaintEvent *event) override;
+
+  private:
+    AzimuthPicture picture_;
+};
+
+} // namespace kelvo
