@@ -2,45 +2,138 @@
 
 #include "unit/devicelibrary.h"
 
+#include <array>
 #include <chrono>
-#include <map>
+#include <functional>
+#include <random>
 #include <string>
+#include <vector>
 
 namespace kelvo {
 
+/// What a simulated unit needs of time; a test puts its own in.
+struct SimulatedTime {
+    std::function<std::chrono::duration<double>()> now;  ///< since any fixed moment, never going back
+    std::function<void(std::chrono::milliseconds)> wait; ///< how a slow line passes its time
+
+    static SimulatedTime OfThisPc();
+};
+
 /// A unit in memory: it keeps blocks and values, answers reads from what was written, and plays
 /// believable optical streams. Its reader and its front panel can be turned, and it can be told to fail.
+/// Knobs may be turned at any moment between two calls; the next call follows them.
 class SimulatedUnit : public DeviceLibrary {
   public:
-    /// The reader and its stream.
+    /// What every operation answers while the cable is out: "Serial Port Error", "Error Receiving".
+    static constexpr Status UnpluggedStatus = 1 | 4;
+    /// How many readings a stream answers with `StreamNotLocked` after it was begun.
+    static constexpr int ReadingsToLock = 3;
+
+    /// The optical reader. Readings are 0 to 255, a smaller one is a taller bar.
     struct Reader {
-        double gainLeft = 80; ///< mean gain reading, 0 to 255; 80 is the reference line
+        double gainLeft = 80; ///< mean gain reading; 80 is the reference line
         double gainRight = 80;
-        double azimuthDegrees = 0; ///< slope of the azimuth cloud's axis against 45 degrees
-        double slitLoss = 6;       ///< roll-off at 10 kHz, in reading units
-        double focusNoise = 2;     ///< standard deviation of the readings, in reading units
+        double azimuthDegrees = 0; ///< how far the cloud's axis leans from 45 degrees
+        double slitLoss = 3;       ///< how many reading units are lost at 10 kHz
+        double focusNoise = 1;     ///< standard deviation of the readings, in reading units
         bool locked = true;        ///< false: reads answer `StreamNotLocked`
     };
 
-    /// The unit's own front panel and its cable.
+    /// The unit's own front panel, and its cable.
     struct FrontPanel {
         Word level = 70;
         Word mute = False;
         Word format = 4;
-        bool plugged = true;               ///< false: every operation answers `unpluggedStatus`
+        bool plugged = true;               ///< false: every operation answers `UnpluggedStatus`
         std::chrono::milliseconds slow{0}; ///< how long each operation takes
     };
+
+    /// What the console left running in the unit.
+    struct TestSignals {
+        std::array<bool, ChannelCount> pink{};
+        std::array<bool, ChannelCount> inverted{};
+        bool rt60 = false;
+    };
+
+    enum class Stream { None, Gain, SlitLoss, Azimuth };
 
     Reader reader;
     FrontPanel panel;
     AudioBlock audio{};
     SystemBlock system{};
     UnitVersion version{1, 6, 0, 1, 3, 1, 9};
+    TestSignals signals;
+    Word projector = 0;
+    Word port = 0; ///< 0 while the library is shut down
+    Word baudIndex = 0;
+    bool iniCreated = false;
+    Stream stream = Stream::None;
 
-    SimulatedUnit();
+    /// The same seed and the same times give the same readings.
+    explicit SimulatedUnit(SimulatedTime time = SimulatedTime::OfThisPc(), unsigned seed = 1);
 
-    /// The next `times` calls of `operation` ("SetAudio"; "" = any) answer `status`.
+    /// The next `times` calls of `operation` ("SetAudio"; "" = any but `ClearError`, which no line
+    /// carries) answer `status` and do nothing. Told twice, the second failure follows when the first is
+    /// used up.
     void FailNext(const std::string &operation, Status status, int times);
+    void ForgetFailures() { failures_.clear(); }
+
+    Status InitDLL(Word portNumber) override;
+    Status DLLShutdown() override;
+    Status SetDLLBaud(Word index) override;
+    Status DLLCreateIni() override;
+    Status ClearError() override;
+    Status GetAudio(AudioBlock &block) override;
+    Status GetSystem(SystemBlock &block) override;
+    Status SetAudio(AudioBlock &block) override;
+    Status SetSystem(SystemBlock &block) override;
+    Status GetUnitVersion(UnitVersion &record) override;
+    Status SetVol(Word level) override;
+    Status GetVol(Word &level) override;
+    Status SetMute(Word word) override;
+    Status GetMute(Word &word) override;
+    Status SelectFormat(Word format) override;
+    Status GetFormat(Word &format) override;
+    Status SetPink(Word channel, Word on) override;
+    Status SetPhase(Word channel, Word inverted) override;
+    Status SetRT60(Word on) override;
+    Status SetProjector(Word number) override;
+    Status EnableOBE() override;
+    Status StopStream() override;
+    Status BeginGainStream() override;
+    Status BeginSlitStream() override;
+    Status BeginAzimuthStream() override;
+    Status GetOptGain(std::span<Byte, GainBytes> reading) override;
+    Status GetOptSlitloss() override;
+    Status GetSingleSlitloss(std::span<Byte, SlitLossBytes> sample, Word &side) override;
+    Status GetOptAzimuth(std::span<Byte, AzimuthBytes> frame) override;
+
+  private:
+    struct Failure {
+        std::string operation;
+        Status status;
+        int times;
+    };
+
+    /// Every operation begins here: the line's time, a failure it was told, the cable.
+    Status Answer(const char *operation);
+    template <typename Work>
+    Status Perform(const char *operation, Work work);
+    /// `Perform` for a reading of a stream, which must be running and locked.
+    template <typename Work>
+    Status Read(const char *operation, Stream kind, Work work);
+    Status Begin(const char *operation, Stream kind);
+
+    double Seconds() const; ///< since this unit was made
+    double Noise() { return reader.focusNoise * noise_(random_); }
+
+    SimulatedTime time_;
+    std::chrono::duration<double> start_;
+    std::mt19937 random_;
+    std::normal_distribution<double> noise_;
+    std::vector<Failure> failures_;
+    int readingsUntilLock_ = 0;
+    Word nextSide_ = 0;
 };
 
 } // namespace kelvo
