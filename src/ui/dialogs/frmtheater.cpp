@@ -1,9 +1,68 @@
 #include "ui/dialogs/frmtheater.h"
 
+#include "ui/controls/named.h"
+
+#include <QDialogButtonBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <QValidator>
+
+#include <algorithm>
+
 namespace kelvo {
 
-FrmTheater::FrmTheater(Settings &settings, QWidget *parent) : QDialog(parent), settings_(settings)
+namespace {
+
+constexpr int ComfortableWidth = 620;
+
+/// A text is one line of a file: what cannot be seen becomes a blank, typed or pasted.
+class NoControlCharacters : public QValidator {
+  public:
+    using QValidator::QValidator;
+
+    State validate(QString &text, int &) const override
+    {
+        std::replace_if(
+            text.begin(), text.end(), [](QChar c) { return c.category() == QChar::Other_Control; }, u' ');
+        return Acceptable;
+    }
+};
+
+} // namespace
+
+FrmTheater::FrmTheater(Settings &settings, std::function<void()> apply, QWidget *parent)
+    : QDialog(parent),
+      settings_(settings),
+      apply_(std::move(apply))
 {
+    Named(this, "frmTheater");
+    setWindowTitle("Set Theater Information");
+    auto *oneLine = new NoControlCharacters(this);
+    for (QLineEdit *box : form_.txtTheaterInfo)
+        box->setValidator(oneLine);
+
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    Named(buttons->button(QDialogButtonBox::Ok), "cmdOK");
+    Named(buttons->button(QDialogButtonBox::Cancel), "cmdCan");
+    connect(buttons, &QDialogButtonBox::accepted, this, &FrmTheater::cmdOK_Click);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+    auto *column = new QVBoxLayout(this);
+    column->addLayout(form_.layout);
+    column->addStretch();
+    column->addWidget(buttons);
+    form_.Show(settings_.TheaterInfo);
+    resize(ComfortableWidth, sizeHint().height());
+}
+
+void FrmTheater::cmdOK_Click()
+{
+    TheaterTexts texts = form_.Texts();
+    if (texts != settings_.TheaterInfo)
+        settings_.SettingsChanged = true;
+    settings_.TheaterInfo = std::move(texts);
+    apply_();
+    accept();
 }
 
 } // namespace kelvo

@@ -1,8 +1,10 @@
 #pragma once
 
-#include "model/settings.h"
+#include "ui/dialogs/theaterform.h"
 
 #include <QDialog>
+
+#include <functional>
 
 namespace kelvo {
 
@@ -11,10 +13,15 @@ class FrmTheater : public QDialog {
     Q_OBJECT
 
   public:
-    FrmTheater(Settings &settings, QWidget *parent);
+    /// `apply` shows the new texts where they are shown; OK runs it before the dialog closes.
+    FrmTheater(Settings &settings, std::function<void()> apply, QWidget *parent);
 
   private:
+    void cmdOK_Click();
+
     Settings &settings_;
+    std::function<void()> apply_;
+    TheaterForm form_;
 };
 
 } // namespace kelvo

@@ -1,13 +1,147 @@
 #include "ui/dialogs/frmtime.h"
 
+#include "ui/controls/named.h"
+
+#include <QCalendarWidget>
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QVBoxLayout>
+
 namespace kelvo {
 
-FrmTime::FrmTime(LocalTime, QWidget *parent) : QDialog(parent)
+namespace {
+
+using namespace std::chrono;
+
+/// The whole number that a text begins with; 0 when it begins with none.
+long NumberIn(const QLineEdit *box)
 {
+    return std::strtol(box->text().toLatin1().constData(), nullptr, 10);
 }
+
+/// A number box that goes to "00" when it is left with a value outside its range.
+QLineEdit *NumberBox(const char *name, const char *accessibleName, long value, long lowest, long highest)
+{
+    auto *box = Named(new QLineEdit(QStringLiteral("%1").arg(value, 2, 10, QLatin1Char('0'))), name);
+    box->setAccessibleName(accessibleName);
+    box->setAlignment(Qt::AlignCenter);
+    box->setFixedWidth(box->fontMetrics().horizontalAdvance("00000"));
+    QObject::connect(box, &QLineEdit::editingFinished, box, [box, lowest, highest] {
+        const long entered = NumberIn(box);
+        if (entered < lowest || entered > highest)
+            box->setText("00");
+    });
+    return box;
+}
+
+QDate DateOf(LocalTime time)
+{
+    const year_month_day date(floor<days>(time));
+    return QDate(int(date.year()), int(unsigned(date.month())), int(unsigned(date.day())));
+}
+
+} // namespace
+
+HalfDayLabel::HalfDayLabel(bool pm) : QLabel(pm ? "PM" : "AM"), pm_(pm)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::PointingHandCursor);
+    setAlignment(Qt::AlignCenter);
+    setMargin(3);
+    setToolTip("Click or press the space bar to change between AM and PM");
+    setAccessibleName("AM or PM");
+    ShowFocus();
+}
+
+void HalfDayLabel::lblAP_Click()
+{
+    pm_ = !pm_;
+    setText(pm_ ? "PM" : "AM");
+}
+
+void HalfDayLabel::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+        lblAP_Click();
+}
+
+void HalfDayLabel::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Space)
+        lblAP_Click();
+    else
+        QLabel::keyPressEvent(event);
+}
+
+void HalfDayLabel::focusInEvent(QFocusEvent *event)
+{
+    QLabel::focusInEvent(event);
+    ShowFocus();
+}
+
+void HalfDayLabel::focusOutEvent(QFocusEvent *event)
+{
+    QLabel::focusOutEvent(event);
+    ShowFocus();
+}
+
+void HalfDayLabel::ShowFocus()
+{
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setLineWidth(hasFocus() ? 2 : 1);
+}
+
+FrmTime::FrmTime(LocalTime start, QWidget *parent) : QDialog(parent), calendar_(new QCalendarWidget)
+{
+    Named(this, "frmTime");
+    setWindowTitle("Please choose date and time");
+
+    // The unit's clock knows two digits of the year.
+    calendar_->setDateRange(QDate(2000, 1, 1), QDate(2099, 12, 31));
+    calendar_->setLocale(QLocale(QLocale::English, QLocale().territory()));
+    calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    calendar_->setAccessibleName("Date");
+    calendar_->setSelectedDate(DateOf(start));
+
+    const hh_mm_ss time(start - floor<days>(start));
+    txtHour_ = NumberBox("txtHour", "Hour, 1 to 12", make12(time.hours()).count(), 1, 12);
+    txtMin_ = NumberBox("txtMin", "Minutes", time.minutes().count(), 0, 59);
+    txtSec_ = NumberBox("txtSec", "Seconds", time.seconds().count(), 0, 59);
+    lblAP_ = Named(new HalfDayLabel(is_pm(time.hours())), "lblAP");
+
+    auto *row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(new QLabel("Time:"));
+    row->addWidget(txtHour_);
+    row->addWidget(new QLabel(":"));
+    row->addWidget(txtMin_);
+    row->addWidget(new QLabel(":"));
+    row->addWidget(txtSec_);
+    row->addWidget(lblAP_);
+    row->addStretch();
+
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    Named(buttons->button(QDialogButtonBox::Ok), "cmdOK");
+    Named(buttons->button(QDialogButtonBox::Cancel), "cmdCan");
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(calendar_);
+    column->addLayout(row);
+    column->addWidget(buttons);
+}
+
 LocalTime FrmTime::Chosen() const
 {
-    return {};
+    const QDate date = calendar_->selectedDate();
+    const local_days day =
+        local_days(year(date.year()) / month(unsigned(date.month())) / unsigned(date.day()));
+    const hours noon(lblAP_->IsPM() ? 12 : 0);
+    return day + noon + hours(NumberIn(txtHour_) % 12) + minutes(NumberIn(txtMin_)) +
+           seconds(NumberIn(txtSec_));
 }
 
 } // namespace kelvo

@@ -1,0 +1,38 @@
+#include "ui/dialogs/theaterpanel.h"
+
+#include "model/tables.h"
+#include "ui/controls/named.h"
+#include "unit/unitclock.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace kelvo {
+
+TheaterPanel::TheaterPanel(const Settings &settings, std::function<void()> edit) : settings_(settings)
+{
+    for (QLineEdit *box : form_.txtTheaterInfo)
+        box->setReadOnly(true);
+    auto *cmdEdit = Named(new QPushButton("Edit ..."), "cmdEdit");
+    cmdEdit->setAccessibleName("Edit the theater information");
+    connect(cmdEdit, &QPushButton::clicked, this, [edit = std::move(edit)] { edit(); });
+
+    auto *column = new QVBoxLayout(this);
+    column->addLayout(form_.layout);
+    column->addWidget(cmdEdit, 0, Qt::AlignRight);
+    column->addStretch();
+    ApplyTheaterTabFields();
+}
+
+void TheaterPanel::ApplyTheaterTabFields()
+{
+    form_.Show(settings_.TheaterInfo);
+}
+
+void TheaterPanel::ShowDate()
+{
+    clockText_ = QString::fromStdString(kelvo::ClockText(settings_.Audio));
+    form_.txtTheaterInfo[DateInstalled]->setText(clockText_);
+}
+
+} // namespace kelvo
