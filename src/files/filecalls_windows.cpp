@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#define NOMINMAX
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
@@ -105,9 +104,8 @@ std::error_code FileCalls::Examine(const std::string &path, std::optional<FileMo
         return error == ERROR_FILE_NOT_FOUND ? std::error_code() : SystemError(error);
     }
     mode = attributes;
-    if (attributes & FILE_ATTRIBUTE_DIRECTORY)
-        return SystemError(ERROR_DIRECTORY_NOT_SUPPORTED);
-    return attributes & FILE_ATTRIBUTE_READONLY ? SystemError(ERROR_ACCESS_DENIED) : std::error_code();
+    constexpr DWORD NotWritable = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
+    return attributes & NotWritable ? SystemError(ERROR_ACCESS_DENIED) : std::error_code();
 }
 
 std::error_code FileCalls::OpenFolder(const std::string &, FileHandle &folder) const
@@ -191,6 +189,8 @@ std::error_code FileCalls::Read(FileHandle file, std::span<char> room, std::size
 
 std::string ReasonOf(std::error_code error)
 {
+    if (error.category() != std::system_category())
+        return error.message();
     std::array<wchar_t, 512> words{};
     const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
                                         DWORD(error.value()), 0, words.data(), DWORD(words.size()), nullptr);
