@@ -1,0 +1,127 @@
+#include "files/configfile.h"
+#include "files/preferencesfile.h"
+
+#include "support/samplefile.h"
+#include "support/settingstext.h"
+#include "support/testfolder.h"
+
+#include <doctest/doctest.h>
+#include <random>
+
+using namespace kelvo;
+
+namespace {
+
+/// Loads what must not load: the settings stay. Answers what the loader told.
+FileFailure Refusal(const std::string &path)
+{
+    CAPTURE(path);
+    Settings settings = SampleSettings();
+    settings.CurrentFileName = "before";
+    const std::string before = Everything(settings);
+    const auto failure = LoadConfigFile(path, settings);
+    CHECK(Everything(settings) == before);
+    REQUIRE(failure);
+    return *failure;
+}
+
+std::string OldFile()
+{
+    std::string bytes(352, '\0');
+    bytes[0] = 3;         // `F1KeyMode`
+    bytes[128 + 6] = 17;  // trim of Left
+    bytes[128 + 193] = 2; // `ObeFreq`
+    return bytes;
+}
+
+} // namespace
+
+TEST_CASE("what was saved is loaded again, and the file is always in the new format")
+{
+    const TestFolder folder;
+    for (const std::string name : {"a.zcf", "b.cfg", "c.CFG", "Odeon", "temp.qm4"}) {
+        Settings saved = SampleSettings();
+        saved.CurrentFileName = folder.Path(name);
+        REQUIRE_FALSE(SaveConfigFile(saved));
+        CHECK(folder.Get(name) == SampleFile);
+        Settings loaded;
+        REQUIRE_FALSE(LoadConfigFile(folder.Path(name), loaded));
+        CHECK(ComposeConfig(loaded) == SampleFile);
+        CHECK(loaded.CurrentFileName.empty());
+    }
+}
+
+TEST_CASE("an old file is known by its name ending in .cfg, in small letters")
+{
+    const TestFolder folder;
+    for (const std::string name : {"a.cfg", "a.CFG", "a.Cfg", "a.zcf", "acfg"})
+        folder.Put(name, OldFile());
+    Settings settings = SampleSettings();
+    REQUIRE_FALSE(LoadConfigFile(folder.Path("a.cfg"), settings));
+    CHECK(settings.System.F1KeyMode == 3);
+    CHECK(settings.Audio.ChannelTrim[Left] == 17);
+    CHECK(settings.ObeEnabled);
+    CHECK(settings.ObeMode == 2);
+    CHECK(settings.FaderLevel == 65);
+    CHECK(settings.MuteState == -1);
+    CHECK(settings.CurrentFormat == 4);
+    CHECK(settings.TheaterInfo == SampleSettings().TheaterInfo);
+    for (const std::string name : {"a.CFG", "a.Cfg", "a.zcf", "acfg"})
+        CHECK(Refusal(folder.Path(name)).wrongFormat);
+}
+
+TEST_CASE("an old name with the new header is the new format, good or bad")
+{
+    const TestFolder folder;
+    std::string bytes = SampleFile.substr(0, 352);
+    folder.Put("cut.cfg", bytes);
+    CHECK(Refusal(folder.Path("cut.cfg")).wrongFormat);
+    folder.Put("other.cfg", "\"Kelvo CP Settings File: V1.1\"" + SampleFile.substr(30));
+    CHECK(Refusal(folder.Path("other.cfg")).wrongFormat);
+}
+
+TEST_CASE("empty files, short and long old files and 10 MB of noise are the wrong format")
+{
+    const TestFolder folder;
+    std::string noise(10'000'000, '\0');
+    std::mt19937 random(1);
+    for (char &c : noise)
+        c = char(random());
+    folder.Put("empty.zcf", "");
+    folder.Put("empty.cfg", "");
+    folder.Put("short.cfg", OldFile().substr(1));
+    folder.Put("long.cfg", OldFile() + "x");
+    folder.Put("noise.zcf", noise);
+    folder.Put("noise.cfg", noise);
+    folder.Put("longnoise.zcf", SampleFile + noise);
+    folder.Put("somenoise.zcf", SampleFile + noise.substr(0, 1000));
+    for (const std::string name : {"empty.zcf", "empty.cfg", "short.cfg", "long.cfg", "noise.zcf",
+                                   "noise.cfg", "longnoise.zcf", "somenoise.zcf"})
+        CHECK(Refusal(folder.Path(name)).wrongFormat);
+}
+
+TEST_CASE("a folder or a missing file is told by its reason, not as a wrong format")
+{
+    const TestFolder folder;
+    for (const std::string &path : {folder.Path(), folder.Path("none.zcf"), folder.Path("none.cfg")}) {
+        const FileFailure failure = Refusal(path);
+        CHECK_FALSE(failure.wrongFormat);
+        CHECK_FALSE(failure.reason.empty());
+    }
+}
+
+TEST_CASE("settings.dat comes back; missing, damaged or a folder it gives the defaults")
+{
+    const TestFolder folder;
+    const std::string path = folder.Path("settings.dat");
+    CHECK(ReadPreferences(path) == Preferences());
+    const Preferences chosen{.ComPort = 2, .ConfirmUpload = true, .RefreshSeconds = 32767};
+    REQUIRE_FALSE(WritePreferences(path, chosen));
+    CHECK(folder.Get("settings.dat") == "2\r\nFalse\r\nTrue\r\nFalse\r\n0\r\n32767\r\n");
+    CHECK(ReadPreferences(path) == chosen);
+    folder.Put("settings.dat", std::string(10'000'000, '1'));
+    CHECK(ReadPreferences(path) == Preferences());
+    folder.Put("settings.dat", "4\r\n\xFF\xFE");
+    CHECK(ReadPreferences(path) == Preferences{.ComPort = 4});
+    CHECK(ReadPreferences(folder.Path()) == Preferences());
+}
