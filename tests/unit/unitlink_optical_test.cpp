@@ -1,0 +1,146 @@
+#include "support/linkundertest.h"
+
+using namespace kelvo;
+
+namespace {
+
+/// One reading of each kind.
+struct Readings {
+    std::array<Byte, GainBytes> gain{};
+    std::array<Byte, SlitLossBytes> slitLoss{};
+    std::array<Byte, AzimuthBytes> azimuth{};
+    Word side = 0;
+};
+
+struct Read {
+    const char *operation;
+    Status (*read)(UnitLink &link, Readings &readings);
+};
+
+const std::array<Read, 3> Reads{{
+    {"GetOptGain", [](UnitLink &link, Readings &readings) { return link.ReadGain(readings.gain); }},
+    {"GetSingleSlitloss",
+     [](UnitLink &link, Readings &readings) { return link.ReadSlitLoss(readings.slitLoss, readings.side); }},
+    {"GetOptAzimuth", [](UnitLink &link, Readings &readings) { return link.ReadAzimuth(readings.azimuth); }},
+}};
+
+} // namespace
+
+TEST_CASE("an optical read off line calls nothing and is not locked")
+{
+    for (const Read &read : Reads) {
+        LinkUnderTest console;
+        Readings readings;
+        CHECK(read.read(console.link, readings) == StreamNotLocked);
+        CHECK(console.Happened().empty());
+    }
+}
+
+TEST_CASE("an unlocked stream unlocks the screen, without a box, a retry or the end of the link")
+{
+    for (const Read &read : Reads) {
+        ConnectedLink console;
+        Readings readings;
+        CHECK(read.read(console.link, readings) == StreamNotLocked);
+        CHECK(console.Happened() == Trace{read.operation, "no stream"});
+        CHECK(console.link.UnitOnline());
+    }
+}
+
+TEST_CASE("any other failure of an optical read is reported at once and ends the link")
+{
+    for (const Read &read : Reads) {
+        ConnectedLink console;
+        Readings readings;
+        console.unit.FailNext(read.operation, 256, 1);
+        CHECK(read.read(console.link, readings) == 256);
+        CHECK(console.Happened() ==
+              Join({{read.operation, ErrorBox("- Error during streaming\n")}, EndOfConnection}));
+        CHECK_FALSE(console.link.UnitOnline());
+    }
+}
+
+TEST_CASE("ticks of the stream while its failure is being reported read nothing: one box")
+{
+    ConnectedLink console;
+    Readings readings;
+    console.unit.FailNext("GetOptGain", 1, 100);
+    console.view.duringBox = [&] {
+        for (const Read &read : Reads)
+            CHECK(read.read(console.link, readings) == StreamNotLocked);
+    };
+    CHECK(Reads[0].read(console.link, readings) == 1);
+    CHECK(console.Happened() == Join({{"GetOptGain", ErrorBox("- Serial Port Error\n")}, EndOfConnection}));
+}
+
+TEST_CASE("a good optical read fills the caller's record and shows nothing")
+{
+    struct OneStream : RecordingLibrary {
+        using RecordingLibrary::RecordingLibrary;
+        Status GetOptGain(std::span<Byte, GainBytes> reading) override
+        {
+            reading[0] = 81;
+            reading[1] = 79;
+            return Success;
+        }
+        Status GetSingleSlitloss(std::span<Byte, SlitLossBytes> sample, Word &side) override
+        {
+            sample[10] = 255;
+            side = 1;
+            return Success;
+        }
+        Status GetOptAzimuth(std::span<Byte, AzimuthBytes> frame) override
+        {
+            frame[27] = 128;
+            return Success;
+        }
+    };
+    LinkUnderTest console;
+    OneStream library(console.unit, console.trace);
+    UnitLink link(console.settings, library, console.view, console.clock);
+    link.RetryFunction(UnitOp::InitDLL);
+    console.trace.clear();
+    Readings readings;
+    for (const Read &read : Reads)
+        CHECK(read.read(link, readings) == Success);
+    CHECK(readings.gain == std::array<Byte, GainBytes>{81, 79});
+    CHECK(readings.slitLoss[10] == 255);
+    CHECK(readings.side == 1);
+    CHECK(readings.azimuth[27] == 128);
+    CHECK(console.Happened().empty());
+}
+
+TEST_CASE("what the console left running is switched off, and nothing else")
+{
+    ConnectedLink console;
+    console.link.SwitchOffTestSignals();
+    CHECK(console.Happened().empty());
+
+    console.link.RetryFunction(UnitOp::SetPink, Subwoofer, True);
+    console.link.RetryFunction(UnitOp::SetPink, Left, True);
+    console.link.RetryFunction(UnitOp::SetPink, Center, True);
+    console.link.RetryFunction(UnitOp::SetPink, Center, False);
+    console.link.RetryFunction(UnitOp::SetPhase, Right, True);
+    console.link.RetryFunction(UnitOp::SetRT60, 0, True);
+    console.trace.clear();
+    console.link.SwitchOffTestSignals();
+    CHECK(console.Happened() == Trace{"SetPink 0 0", "SetPink 5 0", "SetPhase 4 0", "SetRT60 0"});
+    console.link.SwitchOffTestSignals();
+    CHECK(console.Happened().empty());
+}
+
+TEST_CASE("a signal that was on when the link was lost is switched off after the next connection")
+{
+    ConnectedLink console;
+    console.link.RetryFunction(UnitOp::SetPink, Center, True);
+    console.link.RetryFunction(UnitOp::SetRT60, 0, True);
+    console.link.DispErr(1);
+    console.trace.clear();
+    console.link.SwitchOffTestSignals();
+    CHECK(console.Happened().empty());
+
+    CHECK(console.link.ConnectToUnit());
+    console.trace.clear();
+    console.link.SwitchOffTestSignals();
+    CHECK(console.Happened() == Trace{"SetPink 2 0", "SetRT60 0"});
+}

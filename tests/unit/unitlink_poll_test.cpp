@@ -1,0 +1,174 @@
+#include "support/linkundertest.h"
+
+using namespace kelvo;
+
+namespace {
+
+const Trace ReadBack{"GetAudio",    "GetSystem",    "GetMute",      "GetVol",
+                     "GetFormat",   "reflect mute", "reflect mode", "reflect volume",
+                     "show system", "show audio",   "load channel", "title CP Settings"};
+
+} // namespace
+
+TEST_CASE("a poll reads format, mute and fader in this order; the same values change nothing")
+{
+    ConnectedLink console;
+    console.link.PollTick();
+    CHECK(console.Happened() == Trace{"GetFormat", "GetMute", "GetVol"});
+}
+
+TEST_CASE("a poll shows what was turned at the unit, and no handler sends it back")
+{
+    ConnectedLink console;
+    console.unit.panel.format = 5;
+    console.unit.panel.mute = True;
+    console.unit.panel.level = 12;
+    console.link.PollTick();
+    CHECK(console.Happened() == Trace{"GetFormat", "reflect mode", "GetMute", "reflect mute", "repaint",
+                                      "GetVol", "reflect volume", "repaint"});
+    CHECK(console.settings.CurrentFormat == 5);
+    CHECK(console.settings.MuteState == True);
+    CHECK(console.settings.FaderLevel == 12);
+}
+
+TEST_CASE("off line neither timer calls the library, and the refresh counter stands")
+{
+    LinkUnderTest console;
+    console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 1};
+    console.link.PollTick();
+    console.link.RefreshTick();
+    CHECK(console.Happened().empty());
+    CHECK(console.link.RefreshCounter() == 0);
+}
+
+TEST_CASE("a poll leaves the busy flag alone, also in its report, and marks itself instead")
+{
+    ConnectedLink console;
+    console.view.duringBox = [&] {
+        CHECK_FALSE(console.link.UnitBusy());
+        CHECK(console.link.PollActive());
+    };
+    console.unit.FailNext("GetMute", 1, 6);
+    console.link.PollTick();
+    CHECK_FALSE(console.link.PollActive());
+    CHECK_FALSE(console.link.UnitOnline());
+}
+
+TEST_CASE("a failing poll gives one box and reads nothing more, whatever ticks while it is open")
+{
+    ConnectedLink console;
+    console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 1};
+    console.view.duringBox = [&] {
+        console.link.PollTick();
+        console.link.RefreshTick();
+    };
+    console.unit.FailNext("GetFormat", 4, 6);
+    console.link.PollTick();
+    console.link.PollTick();
+    const Trace happened = console.Happened();
+    CHECK(std::ranges::count(happened, ErrorBox("- Error Receiving\n")) == 1);
+    CHECK(std::ranges::count(happened, "GetFormat") == 6);
+    CHECK(std::ranges::count(happened, "GetMute") == 0);
+    CHECK(std::ranges::count(happened, "GetVol") == 0);
+    CHECK(std::ranges::count(happened, "GetAudio") == 0);
+}
+
+TEST_CASE("polling is switched through the screen's timer and known to the link")
+{
+    LinkUnderTest console;
+    CHECK_FALSE(console.link.Polling());
+    console.link.SetPolling(true);
+    CHECK(console.link.Polling());
+    console.link.SetPolling(false);
+    CHECK_FALSE(console.link.Polling());
+    CHECK(console.Happened() == Trace{"poll timer on", "poll timer off"});
+}
+
+TEST_CASE("with a period of 10 the configuration is read on every tenth tick")
+{
+    ConnectedLink console;
+    console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 10};
+    for (int round = 0; round < 3; ++round) {
+        for (int tick = 1; tick <= 9; ++tick) {
+            console.link.RefreshTick();
+            CHECK(console.link.RefreshCounter() == tick);
+        }
+        CHECK(console.Happened().empty());
+        console.link.RefreshTick();
+        CHECK(console.Happened() == ReadBack);
+        CHECK(console.link.RefreshCounter() == 0);
+    }
+}
+
+TEST_CASE("without \"Automatic Update\" nothing is counted")
+{
+    ConnectedLink console;
+    console.settings.Options = {.AutoRefresh = 0, .RefreshSeconds = 1};
+    console.link.RefreshTick();
+    CHECK(console.Happened().empty());
+    CHECK(console.link.RefreshCounter() == 0);
+}
+
+TEST_CASE("a period that was never set reads on every tick")
+{
+    ConnectedLink console;
+    console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 0};
+    console.link.RefreshTick();
+    CHECK(console.Happened() == ReadBack);
+}
+
+TEST_CASE("a period made shorter than what was counted reads at the next tick")
+{
+    ConnectedLink console;
+    console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 32767};
+    for (int tick = 0; tick < 32766; ++tick)
+        console.link.RefreshTick();
+    CHECK(console.Happened().empty());
+    console.settings.Options.RefreshSeconds = 5;
+    console.link.RefreshTick();
+    CHECK(console.Happened() == ReadBack);
+}
+
+TEST_CASE("ticks that fall into a call are not counted")
+{
+    ConnectedLink console;
+    console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 10};
+    console.unit.FailNext("GetUnitVersion", 1, 2);
+    console.view.duringAttempt = [&] { console.link.RefreshTick(); };
+    console.link.RetryFunction(UnitOp::GetUnitVersion);
+    CHECK(console.link.RefreshCounter() == 0);
+}
+
+TEST_CASE("an automatic re-read that loses the link starts counting anew")
+{
+    ConnectedLink console;
+    console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 1};
+    console.unit.FailNext("GetAudio", 16, 6);
+    console.link.RefreshTick();
+    CHECK(console.link.RefreshCounter() == 0);
+    CHECK(console.Lines("box") == Trace{ErrorBox("- Error Communicating Audio Block\n")});
+}
+
+TEST_CASE("Update reads the unit, shows the channel and puts the unit into the title")
+{
+    ConnectedLink console;
+    console.link.Update();
+    CHECK(console.Happened() == ReadBack);
+}
+
+TEST_CASE("Update off line does nothing")
+{
+    LinkUnderTest console;
+    console.link.Update();
+    CHECK(console.Happened().empty());
+}
+
+TEST_CASE("an Update that loses the link leaves the title, and the screen shows the settings")
+{
+    ConnectedLink console;
+    console.unit.FailNext("GetVol", 4, 6);
+    console.link.Update();
+    const Trace happened = console.Happened();
+    CHECK(std::ranges::count(happened, "title CP Settings") == 0);
+    CHECK(happened.back() == "load channel");
+}

@@ -1,0 +1,286 @@
+#include "support/linkundertest.h"
+
+using namespace kelvo;
+
+namespace {
+
+constexpr Status Receiving = 4;
+
+/// An operation, what the library is asked to do for it, and whether its error state is cleared between
+/// attempts.
+struct Operation {
+    UnitOp op;
+    const char *name; ///< the library's operation
+    const char *call; ///< with the words that the settings and arguments of these tests give it
+    bool clearsErrors;
+};
+
+constexpr std::array<Operation, 23> Operations{{
+    {UnitOp::GetFormat, "GetFormat", "GetFormat", true},
+    {UnitOp::GetVol, "GetVol", "GetVol", true},
+    {UnitOp::GetMute, "GetMute", "GetMute", true},
+    {UnitOp::SelectFormat, "SelectFormat", "SelectFormat 3", true},
+    {UnitOp::SetVol, "SetVol", "SetVol 58", true},
+    {UnitOp::SetMute, "SetMute", "SetMute -1", true},
+    {UnitOp::SetPink, "SetPink", "SetPink 2 -1", true},
+    {UnitOp::SetPhase, "SetPhase", "SetPhase 2 -1", true},
+    {UnitOp::GetUnitVersion, "GetUnitVersion", "GetUnitVersion", true},
+    {UnitOp::InitDLL, "InitDLL", "InitDLL 4", false},
+    {UnitOp::GetAudio, "GetAudio", "GetAudio", false},
+    {UnitOp::GetSystem, "GetSystem", "GetSystem", false},
+    {UnitOp::SetAudio, "SetAudio", "SetAudio", false},
+    {UnitOp::SetSystem, "SetSystem", "SetSystem", false},
+    {UnitOp::SetProjector, "SetProjector", "SetProjector 1", true},
+    {UnitOp::BeginGainStream, "BeginGainStream", "BeginGainStream", true},
+    {UnitOp::BeginSlitStream, "BeginSlitStream", "BeginSlitStream", true},
+    {UnitOp::BeginAzimuthStream, "BeginAzimuthStream", "BeginAzimuthStream", true},
+    {UnitOp::StopStream, "StopStream", "StopStream", true},
+    {UnitOp::EnableOBE, "EnableOBE", "EnableOBE", true},
+    {UnitOp::SetRT60, "SetRT60", "SetRT60 -1", true},
+    {UnitOp::DLLShutdown, "DLLShutdown", "DLLShutdown", true},
+    {UnitOp::SetDLLBaud, "SetDLLBaud", "SetDLLBaud 2", true},
+}};
+
+bool ShowsAttempts(const Operation &operation)
+{
+    return operation.op == UnitOp::InitDLL || operation.op == UnitOp::GetUnitVersion;
+}
+
+/// A connected link whose settings are those of the table, the unit's alike.
+struct PreparedLink : ConnectedLink {
+    PreparedLink()
+    {
+        settings.CurrentFormat = unit.panel.format = 3;
+        settings.FaderLevel = unit.panel.level = 58;
+        settings.MuteState = unit.panel.mute = True;
+        settings.Options.ComPort = 4;
+        settings.Projector = 1;
+    }
+
+    Status Run(const Operation &operation) { return link.RetryFunction(operation.op, 2, True); }
+};
+
+/// What follows one failed attempt, up to the next.
+Trace AfterFailure(const Operation &operation, int failures)
+{
+    Trace lines;
+    if (failures == 2)
+        lines = {"lamp Data?", "repaint"};
+    lines.push_back("pause 300");
+    if (ShowsAttempts(operation))
+        lines.push_back("attempt " + std::to_string(failures));
+    if (operation.clearsErrors)
+        lines.push_back("ClearError");
+    return lines;
+}
+
+} // namespace
+
+TEST_CASE("each operation makes its one call of the library, with its values from the settings")
+{
+    for (const Operation &operation : Operations) {
+        CAPTURE(operation.name);
+        PreparedLink console;
+        Trace expected{operation.call};
+        if (operation.op == UnitOp::InitDLL)
+            expected = {operation.call, "lamp On Line", "repaint"};
+        CHECK(console.Run(operation) == Success);
+        CHECK(console.Happened() == expected);
+    }
+}
+
+TEST_CASE("the second argument alone switches RT60, the first alone sets the baud rate")
+{
+    ConnectedLink console;
+    console.link.RetryFunction(UnitOp::SetRT60, 3, False);
+    console.link.RetryFunction(UnitOp::SetDLLBaud, 3, 1);
+    CHECK(console.Happened() == Trace{"SetRT60 0", "SetDLLBaud 3"});
+}
+
+TEST_CASE("off line every operation but InitDLL does nothing and counts as success")
+{
+    for (const Operation &operation : Operations) {
+        if (operation.op == UnitOp::InitDLL)
+            continue;
+        CAPTURE(operation.name);
+        LinkUnderTest console;
+        const AudioBlock before = console.settings.Audio;
+        CHECK(console.link.RetryFunction(operation.op, 2, True) == Success);
+        CHECK(console.Happened().empty());
+        CHECK(std::ranges::equal(BytesOf(console.settings.Audio), BytesOf(before)));
+        CHECK_FALSE(console.link.UnitBusy());
+    }
+}
+
+TEST_CASE("six failures in a row: six attempts, six pauses, the lamp, the report, the end of the link")
+{
+    for (const Operation &operation : Operations) {
+        CAPTURE(operation.name);
+        PreparedLink console;
+        console.unit.FailNext(operation.name, Receiving, 6);
+        CHECK(console.Run(operation) == Receiving);
+
+        Trace expected;
+        for (int failures = 1; failures <= 6; ++failures)
+            expected = Join({expected, {operation.call}, AfterFailure(operation, failures)});
+        expected = Join({expected, {ErrorBox("- Error Receiving\n")}, EndOfConnection});
+        CHECK(console.Happened() == expected);
+        CHECK(console.clock.paused == std::chrono::milliseconds(1800));
+        CHECK_FALSE(console.link.UnitOnline());
+        CHECK_FALSE(console.link.ConnectionAccepted());
+        CHECK_FALSE(console.link.UnitBusy());
+    }
+}
+
+TEST_CASE("a failure that recovers at the second attempt never changes the lamp")
+{
+    for (const Operation &operation : Operations) {
+        if (operation.op == UnitOp::InitDLL)
+            continue;
+        CAPTURE(operation.name);
+        PreparedLink console;
+        console.unit.FailNext(operation.name, Receiving, 1);
+        CHECK(console.Run(operation) == Success);
+        CHECK(console.Happened() == Join({{operation.call}, AfterFailure(operation, 1), {operation.call}}));
+    }
+}
+
+TEST_CASE("a call that fails two to five times and then succeeds turns the lamp orange and green again")
+{
+    for (const Operation &operation : Operations) {
+        for (int times = 2; times <= 5; ++times) {
+            CAPTURE(operation.name);
+            CAPTURE(times);
+            PreparedLink console;
+            console.unit.FailNext(operation.name, Receiving, times);
+            CHECK(console.Run(operation) == Success);
+
+            Trace expected;
+            for (int failures = 1; failures <= times; ++failures)
+                expected = Join({expected, {operation.call}, AfterFailure(operation, failures)});
+            CHECK(console.Happened() == Join({expected, {operation.call}, {"lamp On Line", "repaint"}}));
+            CHECK(console.link.UnitOnline());
+        }
+    }
+}
+
+TEST_CASE("the result is the status of the sixth failure, and that one is reported")
+{
+    ConnectedLink console;
+    for (Status status = 1; status <= 32; status = Status(status * 2))
+        console.unit.FailNext("SetVol", status, 1);
+    CHECK(console.link.RetryFunction(UnitOp::SetVol) == 32);
+    CHECK(console.Lines("box") == Trace{ErrorBox("- Invalid response from unit\n")});
+}
+
+TEST_CASE("a value that is sent is read from the settings at each attempt")
+{
+    LinkUnderTest console;
+    console.unit.FailNext("InitDLL", Receiving, 2);
+    console.view.duringAttempt = [&] { ++console.settings.Options.ComPort; };
+    console.link.RetryFunction(UnitOp::InitDLL);
+    CHECK(console.Lines("InitDLL") == Trace{"InitDLL 1", "InitDLL 2", "InitDLL 3"});
+}
+
+TEST_CASE("a read value that the settings hold already changes nothing on the screen")
+{
+    ConnectedLink console;
+    for (UnitOp op : {UnitOp::GetFormat, UnitOp::GetVol, UnitOp::GetMute})
+        console.link.RetryFunction(op);
+    CHECK(console.Happened() == Trace{"GetFormat", "GetVol", "GetMute"});
+}
+
+TEST_CASE("a changed read value is stored and shown, and no handler sends it back")
+{
+    ConnectedLink console;
+    console.unit.panel.format = 2;
+    console.link.RetryFunction(UnitOp::GetFormat);
+    CHECK(console.settings.CurrentFormat == 2);
+    CHECK(console.Happened() == Trace{"GetFormat", "reflect mode"});
+
+    console.unit.panel.level = 41;
+    console.link.RetryFunction(UnitOp::GetVol);
+    CHECK(console.settings.FaderLevel == 41);
+    CHECK(console.Happened() == Trace{"GetVol", "reflect volume", "repaint"});
+
+    console.unit.panel.mute = True;
+    console.link.RetryFunction(UnitOp::GetMute);
+    CHECK(console.settings.MuteState == True);
+    CHECK(console.Happened() == Trace{"GetMute", "reflect mute", "repaint"});
+    CHECK_FALSE(console.settings.Updating);
+}
+
+TEST_CASE("words outside the console's ranges are stored as the unit tells them")
+{
+    ConnectedLink console;
+    console.unit.panel.level = -32768;
+    console.unit.panel.format = 32767;
+    console.unit.panel.mute = 1;
+    for (UnitOp op : {UnitOp::GetFormat, UnitOp::GetVol, UnitOp::GetMute})
+        console.link.RetryFunction(op);
+    CHECK(console.settings.FaderLevel == -32768);
+    CHECK(console.settings.CurrentFormat == 32767);
+    CHECK(console.settings.MuteState == 1);
+}
+
+TEST_CASE("a read that fails leaves the settings as they were")
+{
+    ConnectedLink console;
+    console.unit.panel.level = 41;
+    console.unit.FailNext("GetVol", Receiving, 6);
+    console.link.RetryFunction(UnitOp::GetVol);
+    CHECK(console.settings.FaderLevel == 70);
+    CHECK(console.Lines("reflect").empty());
+}
+
+TEST_CASE("a control call is busy from its first attempt until its report was seen, and no longer")
+{
+    ConnectedLink console;
+    bool busyInBox = false;
+    console.view.duringBox = [&] { busyInBox = console.link.UnitBusy(); };
+    console.unit.FailNext("SetMute", Receiving, 6);
+    CHECK_FALSE(console.link.UnitBusy());
+    console.link.RetryFunction(UnitOp::SetMute);
+    CHECK(busyInBox);
+    CHECK_FALSE(console.link.UnitBusy());
+}
+
+TEST_CASE("the records go to the library in the settings' own storage, whatever their bytes")
+{
+    struct StorageCheck : RecordingLibrary {
+        using RecordingLibrary::RecordingLibrary;
+        const void *audio = nullptr;
+        const void *system = nullptr;
+        Status GetAudio(AudioBlock &block) override { return audio = &block, Success; }
+        Status SetAudio(AudioBlock &block) override { return audio = &block, Success; }
+        Status GetSystem(SystemBlock &block) override { return system = &block, Success; }
+        Status SetSystem(SystemBlock &block) override { return system = &block, Success; }
+    };
+    LinkUnderTest console;
+    StorageCheck library(console.unit, console.trace);
+    UnitLink link(console.settings, library, console.view, console.clock);
+    link.RetryFunction(UnitOp::InitDLL);
+    for (UnitOp op : {UnitOp::GetAudio, UnitOp::GetSystem, UnitOp::SetAudio, UnitOp::SetSystem}) {
+        library.audio = library.system = nullptr;
+        link.RetryFunction(op);
+        CHECK((library.audio == &console.settings.Audio || library.system == &console.settings.System));
+    }
+}
+
+TEST_CASE("records full of any byte value are read and sent back unchanged")
+{
+    for (int value = 0; value <= 255; ++value) {
+        ConnectedLink console;
+        std::ranges::fill(BytesOf(console.unit.audio), Byte(value));
+        std::ranges::fill(BytesOf(console.unit.system), Byte(value));
+        const AudioBlock audio = console.unit.audio;
+        const SystemBlock system = console.unit.system;
+        console.link.Update();
+        console.unit.audio = AudioBlock{};
+        console.unit.system = SystemBlock{};
+        console.link.RetryFunction(UnitOp::SetAudio);
+        console.link.RetryFunction(UnitOp::SetSystem);
+        CHECK(std::ranges::equal(BytesOf(console.unit.audio), BytesOf(audio)));
+        CHECK(std::ranges::equal(BytesOf(console.unit.system), BytesOf(system)));
+    }
+}
