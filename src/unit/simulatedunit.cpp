@@ -238,7 +238,7 @@ Status SimulatedUnit::SetPink(Word channel, Word on)
 {
     return Perform("SetPink", [&] {
         if (channel >= 0 && channel < ChannelCount)
-            signals.pink[std::size_t(channel)] = on != False;
+            testSignals.pink[std::size_t(channel)] = on != False;
     });
 }
 
@@ -246,13 +246,13 @@ Status SimulatedUnit::SetPhase(Word channel, Word inverted)
 {
     return Perform("SetPhase", [&] {
         if (channel >= 0 && channel < ChannelCount)
-            signals.inverted[std::size_t(channel)] = inverted != False;
+            testSignals.inverted[std::size_t(channel)] = inverted != False;
     });
 }
 
 Status SimulatedUnit::SetRT60(Word on)
 {
-    return Perform("SetRT60", [&] { signals.rt60 = on != False; });
+    return Perform("SetRT60", [&] { testSignals.rt60 = on != False; });
 }
 
 Status SimulatedUnit::SetProjector(Word number)

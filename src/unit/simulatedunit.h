@@ -62,7 +62,7 @@ class SimulatedUnit : public DeviceLibrary {
     AudioBlock audio{};
     SystemBlock system{};
     UnitVersion version{1, 6, 0, 1, 3, 1, 9};
-    TestSignals signals;
+    TestSignals testSignals;
     Word projector = 0;
     Word port = 0; ///< 0 while the library is shut down
     Word baudIndex = 0;

@@ -145,8 +145,8 @@ TEST_CASE("every operation reaches the target with its arguments, and its answer
     CHECK(library.SetPhase(1, True) == Success);
     CHECK(library.SetRT60(True) == Success);
     CHECK(library.SetProjector(1) == Success);
-    CHECK(unit.signals.inverted[1]);
-    CHECK(unit.signals.rt60);
+    CHECK(unit.testSignals.inverted[1]);
+    CHECK(unit.testSignals.rt60);
     CHECK(unit.projector == 1);
     Word word = 0;
     CHECK(library.GetMute(word) == Success);

@@ -129,16 +129,16 @@ TEST_CASE("the simulated unit keeps what the console left running")
     unit.SetPhase(Subwoofer, True);
     unit.SetRT60(True);
     unit.SetProjector(1);
-    CHECK(unit.signals.pink == std::array<bool, ChannelCount>{false, false, true, false, false, false});
-    CHECK(unit.signals.inverted == std::array<bool, ChannelCount>{false, false, false, false, false, true});
-    CHECK(unit.signals.rt60);
+    CHECK(unit.testSignals.pink == std::array<bool, ChannelCount>{false, false, true, false, false, false});
+    CHECK(unit.testSignals.inverted == std::array<bool, ChannelCount>{false, false, false, false, false, true});
+    CHECK(unit.testSignals.rt60);
     CHECK(unit.projector == 1);
     unit.SetPink(Center, False);
     unit.SetPhase(Subwoofer, False);
     unit.SetRT60(False);
-    CHECK(unit.signals.pink == std::array<bool, ChannelCount>{});
-    CHECK(unit.signals.inverted == std::array<bool, ChannelCount>{});
-    CHECK(!unit.signals.rt60);
+    CHECK(unit.testSignals.pink == std::array<bool, ChannelCount>{});
+    CHECK(unit.testSignals.inverted == std::array<bool, ChannelCount>{});
+    CHECK(!unit.testSignals.rt60);
     CHECK(unit.SetPink(-1, True) == Success);
     CHECK(unit.SetPhase(ChannelCount, True) == Success);
 }
@@ -302,7 +302,7 @@ TEST_CASE("with its cable out the unit answers every operation with an error and
     CHECK(word == 70);
     CHECK(unit.GetAudio(audio) == Success);
     CHECK(audio.ObeFreq == 3);
-    CHECK(!unit.signals.rt60);
+    CHECK(!unit.testSignals.rt60);
 }
 
 TEST_CASE("on a slow line each operation takes the time it was told")
