@@ -1,7 +1,199 @@
 #include "ui/main/frmmain.h"
 
+#include "ui/controls/named.h"
+#include "ui/main/messages.h"
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
 namespace kelvo {
 
-FrmMain::FrmMain() = default;
+namespace {
+
+constexpr int WindowMargin = 9;
+constexpr int GroupSpacing = 12;
+constexpr int ColumnWidth = 112;
+constexpr QSize UsualSize(1024, 700);
+
+constexpr std::array<const char *, TabCount> TabCaption{
+    "Format &Selection", "&Output Trim",         "&E.Q", "O&BE", "O&ptical Setup",
+    "Op&tions",          "Theater &Information", "&Help"};
+
+QTimer *Timer(QObject *window, const char *name, int interval, auto handler)
+{
+    auto *timer = Named(new QTimer(window), name);
+    timer->setInterval(interval);
+    QObject::connect(timer, &QTimer::timeout, window, handler);
+    return timer;
+}
+
+} // namespace
+
+FrmMain::FrmMain(Settings &settings, DeviceLibrary &library, WallClock &clock, Places places)
+    : settings_(settings),
+      library_(library),
+      clock_(clock),
+      places_(std::move(places)),
+      link_(settings, library, *this, clock),
+      masterFader_(new MasterFader(settings, link_, entries_, this)),
+      mute_(new MuteButtons(settings, link_, this))
+{
+    setObjectName("frmMain");
+    ShowTitle(messages::Untitled);
+    BuildMenus();
+    BuildPanels();
+    ArrangeWindow();
+    BuildTimers();
+    qApp->installEventFilter(this);
+}
+
+FrmMain::~FrmMain()
+{
+    // Children that are destroyed later must not find a window that is half gone.
+    qApp->removeEventFilter(this);
+}
+
+void FrmMain::BuildPanels()
+{
+    QWidget *faderOfTrim = masterFader_->BuildFrame("Frame1(1)", 0);
+    QWidget *faderOfEq = masterFader_->BuildFrame("Frame8(0)", 1);
+    QWidget *faderOfObe = masterFader_->BuildFrame("Frame8(1)", 2);
+    outputTrim_ = new OutputTrimPanel(settings_, link_, entries_, *mute_, faderOfTrim);
+    equaliser_ = new EqualiserPanel(settings_, link_, entries_, *mute_, *masterFader_, faderOfEq);
+    obe_ = new ObePanel(settings_, link_, entries_, mute_->Build("cmdMute3"), faderOfObe);
+    optical_ = new OpticalPanel(settings_, link_, entries_,
+                                {.window = this,
+                                 .cmdMute4 = mute_->BuildShowing("cmdMute4"),
+                                 .toggleMute = [this] { mute_->cmdMute_Click(); },
+                                 .showNoiseOff = [this] { outputTrim_->ShowNoiseOff(); },
+                                 .enableBaudMenu = [this](bool enable) { mnuBaud_->setEnabled(enable); },
+                                 .timersMayTouchUnit = [this] { return TimersMayTouchUnit(); }});
+    QWidget *formatSelection = BuildFormatSelection();
+    options_ = new OptionsPanel(settings_, link_, entries_,
+                                [this](const QString &caption) { modes_->SetF1Caption(caption); });
+    theater_ = new TheaterPanel(settings_, [this] { mnuSet_Click(); });
+    help_ = new HelpPanel;
+
+    const std::array<QWidget *, TabCount> panels{formatSelection, outputTrim_, equaliser_, obe_,
+                                                 optical_,        options_,    theater_,   help_};
+    SSTAB1_ = Named(new QTabWidget, "SSTAB1");
+    for (int tab = 0; tab < TabCount; ++tab) {
+        const auto index = std::size_t(tab);
+        frmtabs_[index] = Named(new QWidget, "frmtabs", tab);
+        lblHint_[index] = Named(new QLabel(messages::OffLineHint), "lblHint", tab);
+        auto *layout = new QVBoxLayout(frmtabs_[index]);
+        layout->setContentsMargins(6, 3, 6, 6);
+        layout->setSpacing(3);
+        layout->addWidget(lblHint_[index]);
+        layout->addWidget(panels[index], 1);
+        SSTAB1_->addTab(frmtabs_[index], TabCaption[index]);
+    }
+    connect(SSTAB1_, &QTabWidget::currentChanged, this, &FrmMain::SSTAB1_Click);
+}
+
+QWidget *FrmMain::BuildFormatSelection()
+{
+    modes_ = new ModeButtons(settings_, link_);
+    auto *information = Named(new QGroupBox(messages::UnitInformation), "Frame1", 21);
+    unitInformation_ = information;
+    auto *lines = new QVBoxLayout(information);
+    for (int line = 0; line < int(lnlInfo_.size()); ++line) {
+        lnlInfo_[std::size_t(line)] = Named(new QLabel, "lnlInfo", line);
+        lines->addWidget(lnlInfo_[std::size_t(line)]);
+    }
+    lines->addStretch();
+    QSizePolicy keepsItsPlace = information->sizePolicy();
+    keepsItsPlace.setRetainSizeWhenHidden(true);
+    information->setSizePolicy(keepsItsPlace);
+
+    auto *panel = new QWidget;
+    auto *layout = new QGridLayout(panel);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(GroupSpacing);
+    layout->addWidget(modes_, 0, 0);
+    layout->addWidget(information, 0, 1);
+    layout->addWidget(mute_->Build("cmdMute5"), 1, 0, Qt::AlignLeft);
+    layout->setColumnStretch(0, 3);
+    layout->setColumnStretch(1, 2);
+    layout->setRowStretch(0, 1);
+    return panel;
+}
+
+QWidget *FrmMain::BuildMasterColumn()
+{
+    lblStat_ = Named(new QLabel, "lblStat");
+    lblStat_->setAutoFillBackground(true);
+    lblStat_->setAlignment(Qt::AlignCenter);
+    lblStat_->setMargin(6);
+    QFont bold = lblStat_->font();
+    bold.setBold(true);
+    lblStat_->setFont(bold);
+    cmdConnect_ = Named(new QPushButton(messages::ConnectCaption), "cmdConnect");
+    connect(cmdConnect_, &QPushButton::clicked, this, &FrmMain::cmdConnect_Click);
+    lblSent_ = Named(new QLabel, "lblSent");
+    lblSent_->setWordWrap(true);
+    lblSent_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    lblSent_->setMinimumHeight(3 * lblSent_->fontMetrics().lineSpacing());
+    lblClock_ = Named(new QLabel, "lblClock");
+    lblClock_->setAlignment(Qt::AlignCenter);
+
+    auto *column = new QWidget;
+    column->setFixedWidth(ColumnWidth);
+    auto *layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(lblStat_);
+    layout->addWidget(cmdConnect_);
+    layout->addWidget(lblSent_);
+    layout->addWidget(masterFader_->BuildMaster(), 1);
+    layout->addWidget(lblClock_);
+    return column;
+}
+
+void FrmMain::ArrangeWindow()
+{
+    auto *centre = new QWidget;
+    auto *layout = new QHBoxLayout(centre);
+    layout->setContentsMargins(WindowMargin, WindowMargin, WindowMargin, WindowMargin);
+    layout->setSpacing(WindowMargin);
+    layout->addWidget(SSTAB1_, 1);
+    layout->addWidget(BuildMasterColumn());
+    setCentralWidget(centre);
+    resize(UsualSize);
+
+    // Carries the window's normal button face; nobody sees it.
+    auto *cmdtest = Named(new QPushButton(centre), "cmdtest");
+    cmdtest->hide();
+
+    ShowConnectStatus(LinkState::OffLine);
+    SSTAB1_->tabBar()->setFocus();
+}
+
+void FrmMain::BuildTimers()
+{
+    constexpr int PollAtStart = 5000;
+    constexpr int Second = 1000;
+    tmrPoll_ = Timer(this, "tmrPoll", PollAtStart, [this] {
+        if (TimersMayTouchUnit())
+            link_.PollTick();
+    });
+    Timer(this, "tmrRefresh", Second, [this] {
+        // A read-back waits for the hand, and for the stream, whose format it would take over.
+        if (TimersMayTouchUnit() && !entries_.sliderHeld && !optical_->Streaming())
+            link_.RefreshTick();
+    })->start();
+    const auto showTime = [this] {
+        lblClock_->setText(QString::fromStdString(clock_.TimeText(clock_.Now())));
+    };
+    showTime();
+    Timer(this, "tmrClock", Second, showTime)->start();
+}
 
 } // namespace kelvo

@@ -1,17 +1,202 @@
 #pragma once
 
 #include "model/settings.h"
+#include "ui/audio/equaliserpanel.h"
+#include "ui/audio/masterfader.h"
+#include "ui/audio/modebuttons.h"
+#include "ui/audio/mutebuttons.h"
+#include "ui/audio/outputtrimpanel.h"
+#include "ui/controls/boxes.h"
+#include "ui/controls/entrywindow.h"
+#include "ui/dialogs/frmprog.h"
+#include "ui/dialogs/frmref.h"
+#include "ui/dialogs/theaterpanel.h"
+#include "ui/help/helppanel.h"
+#include "ui/main/places.h"
+#include "ui/optical/obepanel.h"
+#include "ui/optical/opticalpanel.h"
+#include "ui/optical/optionspanel.h"
+#include "unit/linkview.h"
+#include "unit/unitlink.h"
 
 #include <QMainWindow>
+#include <QTimer>
+
+#include <array>
+#include <functional>
+#include <memory>
+
+class QAction;
+class QLabel;
+class QMenu;
+class QPushButton;
+class QTabWidget;
 
 namespace kelvo {
 
-/// The main window `frmMain`.
-class FrmMain : public QMainWindow {
+/// The tabs of `SSTAB1`, in their order.
+enum class Tab { FormatSelection, OutputTrim, Eq, Obe, OpticalSetup, Options, TheaterInformation, Help };
+inline constexpr int TabCount = 8;
+
+/// The main window `frmMain`: owns the link, the panels, the menus and the timers, and is what the link
+/// shows itself on. Its procedures stand in one file for each concern: construction, what the link shows,
+/// menus, file commands, tabs, keys, start-up and shut-down.
+class FrmMain : public QMainWindow, private LinkView {
     Q_OBJECT
 
   public:
-    FrmMain();
+    FrmMain(Settings &settings, DeviceLibrary &library, WallClock &clock, Places places);
+    ~FrmMain() override;
+
+    /// The start-up sequence; run once, before the window is shown.
+    void Form_Load();
+    /// Opens a settings file as `mnuLoad` would once its dialog has chosen it. False after a report.
+    bool OpenFile(const QString &path);
+    /// The log-off of the PC's session asks: closes, with its questions when `mayAsk`. False calls it off.
+    bool EndSession(bool mayAsk);
+
+  protected:
+    void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+  private:
+    // Construction.
+    void BuildPanels();
+    QWidget *BuildFormatSelection();
+    QWidget *BuildMasterColumn();
+    void BuildMenus();
+    void BuildTimers();
+    void ArrangeWindow();
+
+    // What the link shows.
+    void ShowConnectStatus(LinkState state) override;
+    void RepaintWindow() override;
+    void EnableFrames(bool enable) override;
+    void SetPolling(bool on) override;
+    void ShowProgress(std::string_view caption) override;
+    void ShowAttempt(int failures) override;
+    void HideUnitVersion() override;
+    void ShowUnitVersion(const std::array<std::string, 3> &lines) override;
+    void ShowError(std::string_view title, std::string_view text) override;
+    bool Ask(std::string_view title, std::string_view text) override;
+    void ReflectModeStatus() override;
+    void ReflectMuteStatus() override;
+    void ReflectVolumeLevel(bool moveSlider) override;
+    void ShowSystemSettings() override;
+    void ShowAudioSettings() override;
+    void LoadChannelData() override;
+    void ShowF1Format() override;
+    void ShowSettingsFromUnit() override;
+    void ShowDate() override;
+    void ShowSent() override;
+    void StreamLock(bool locked) override;
+    void StopRunningStream() override;
+
+    void ShowTitle(const QString &name);
+    /// One guard for every timer: none touches the unit while a box is open or a call is in progress.
+    bool TimersMayTouchUnit() const;
+    /// Takes what is typed in the window or the fader dialog. False after a bad value: its message has been
+    /// shown and the command that asked is called off.
+    bool CommitEntries();
+
+    // Menus.
+    QAction *Item(QMenu *menu, const char *name, const char *caption, std::function<void()> handler);
+    /// Check marks follow the state that they stand for, never the toolkit's toggling.
+    void ReflectMarks();
+    void EnableCommands(bool enable);
+    void mnuBaud_Click(Word index);
+    void mnuAuto_Click();
+    void mnuAutoRef_Click();
+    void mnuSys_Click();
+    void mnuSet_Click();
+    void cmdConnect_Click();
+
+    // File commands.
+    void mnuNew_Click();
+    void mnuLoad_Click();
+    /// The reset that New and a start without a unit share.
+    void ResetConsole();
+    bool Save();
+    bool SaveAs();
+    /// The save that a question asked for; through Save As when Save is disabled.
+    bool SaveAsked();
+    bool SaveTo(const QString &path);
+    QString ProposedName() const;
+    void ShowLoadedSettings();
+
+    // Tabs.
+    void SSTAB1_Click(int tab);
+    /// What stands in the way of leaving the tab: a call in progress, or a bad value (which was reported).
+    bool MayLeaveTab();
+    void ClearTabStatus();
+    void SwitchOffTab(int tab);
+
+    // Keys.
+    bool PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers modifiers, bool repeat);
+    bool PreviewHelpKey(QWidget *receiver, int key, Qt::KeyboardModifiers modifiers);
+
+    // Start-up and shut-down.
+    void InitialiseSettings();
+    void FitScreen();
+    void TakeSnapshot();
+    QString SnapshotFile() const;
+    QString PreferencesFile() const;
+    bool Form_Unload();
+    bool SaveQuestionAnswered();
+    void RevertToSnapshot();
+    void WritePreferencesFile();
+    void EndConnection();
+    void RememberClose();
+    void CarryOutClose();
+
+    Settings &settings_;
+    DeviceLibrary &library_;
+    WallClock &clock_;
+    Places places_;
+    UnitLink link_;
+    EntryWindow entries_;
+
+    MasterFader *masterFader_;
+    MuteButtons *mute_;
+    ModeButtons *modes_ = nullptr;
+    OutputTrimPanel *outputTrim_ = nullptr;
+    EqualiserPanel *equaliser_ = nullptr;
+    ObePanel *obe_ = nullptr;
+    OpticalPanel *optical_ = nullptr;
+    OptionsPanel *options_ = nullptr;
+    TheaterPanel *theater_ = nullptr;
+    HelpPanel *help_ = nullptr;
+
+    QTabWidget *SSTAB1_ = nullptr;
+    std::array<QWidget *, TabCount> frmtabs_{};
+    std::array<QLabel *, TabCount> lblHint_{};
+    QLabel *lblStat_ = nullptr;
+    QLabel *lblSent_ = nullptr;
+    QLabel *lblClock_ = nullptr;
+    QPushButton *cmdConnect_ = nullptr;
+    QWidget *unitInformation_ = nullptr; ///< `Frame1(21)`
+    std::array<QLabel *, 3> lnlInfo_{};
+    std::unique_ptr<FrmProg> frmProg_;
+    std::unique_ptr<FrmRef> frmRef_;
+
+    QMenu *mnuFile_ = nullptr;
+    QMenu *mnuOpt_ = nullptr;
+    QMenu *mnuBaud_ = nullptr;
+    QAction *mnuSave_ = nullptr;
+    QAction *mnuConfirm_ = nullptr;
+    QAction *mnuShort_ = nullptr;
+    std::vector<std::pair<QAction *, std::function<bool()>>> marks_;
+
+    QTimer *tmrPoll_ = nullptr;
+
+    int shownTab_ = 0;
+    bool useSystemTime_ = true;   ///< `mnuSys`
+    bool started_ = false;        ///< the start-up sequence is over
+    bool snapshotTaken_ = false;  ///< "temp.qm4" is this run's
+    bool closing_ = false;        ///< a close is being carried out, its questions included
+    bool closeRequested_ = false; ///< a close that came during a device call
+    bool mayAsk_ = true;          ///< the closing may show its questions
+    QString dialogFile_;          ///< what the file dialogs chose last; "" = nothing
 };
 
 } // namespace kelvo

@@ -1,0 +1,73 @@
+#include "ui/main/frmmain.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QWheelEvent>
+
+namespace kelvo {
+
+bool FrmMain::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *receiver = qobject_cast<QWidget *>(watched);
+    if (!receiver || receiver->window() != this || !isEnabled() || QApplication::activeModalWidget())
+        return QMainWindow::eventFilter(watched, event);
+
+    switch (event->type()) {
+    case QEvent::KeyPress: {
+        auto *key = static_cast<QKeyEvent *>(event);
+        return PreviewKey(receiver, key->key(), key->modifiers() & ~Qt::KeypadModifier, key->isAutoRepeat());
+    }
+    case QEvent::Shortcut:
+        // An access key of the tab strip: it must not pass over a bad value.
+        return watched == SSTAB1_->tabBar() && !MayLeaveTab();
+    case QEvent::Wheel: {
+        if (watched == SSTAB1_->tabBar())
+            return !MayLeaveTab();
+        QWidget *page = frmtabs_[std::size_t(Tab::Help)];
+        // Off line the page is disabled, and yet it is to be read.
+        const bool readOffLine = !page->isEnabled() && (receiver == page || page->isAncestorOf(receiver));
+        if (readOffLine)
+            help_->ScrollByWheel(static_cast<QWheelEvent *>(event)->angleDelta().y());
+        return readOffLine;
+    }
+    default:
+        return QMainWindow::eventFilter(watched, event);
+    }
+}
+
+bool FrmMain::PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers modifiers, bool repeat)
+{
+    const bool connect = key == Qt::Key_F1;
+    const bool upload = key == Qt::Key_F2;
+    if (connect || upload) {
+        if (repeat || link_.InCall() || !CommitEntries())
+            return true;
+        if (connect)
+            cmdConnect_Click();
+        else
+            link_.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit);
+        return true;
+    }
+    if (modifiers.testFlag(Qt::ControlModifier) && (key == Qt::Key_Tab || key == Qt::Key_Backtab))
+        return !MayLeaveTab();
+    if (Tab(shownTab_) == Tab::Help)
+        return PreviewHelpKey(receiver, key, modifiers);
+
+    const bool shortcuts = settings_.Options.Shortcuts && modifiers == Qt::ControlModifier &&
+                           Tab(shownTab_) == Tab::Eq && frmtabs_[std::size_t(Tab::Eq)]->isEnabled();
+    return shortcuts && !link_.InCall() && equaliser_->RunShortcut(QChar(key).toLower());
+}
+
+bool FrmMain::PreviewHelpKey(QWidget *receiver, int key, Qt::KeyboardModifiers modifiers)
+{
+    if (key == Qt::Key_F && modifiers == Qt::ControlModifier) {
+        help_->OpenSearch();
+        return true;
+    }
+    const bool inPage = help_->isAncestorOf(receiver) && receiver->isEnabled();
+    return !inPage && modifiers == Qt::NoModifier && help_->ScrollByKey(key);
+}
+
+} // namespace kelvo

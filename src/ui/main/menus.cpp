@@ -1,0 +1,181 @@
+#include "ui/main/frmmain.h"
+
+#include "ui/controls/named.h"
+#include "ui/dialogs/frmtheater.h"
+#include "ui/dialogs/frmtime.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
+
+namespace kelvo {
+
+namespace {
+
+QMenu *Submenu(auto *parent, const char *name, const char *caption)
+{
+    QMenu *menu = Named(parent->addMenu(caption), name);
+    Named(menu->menuAction(), name);
+    return menu;
+}
+
+} // namespace
+
+QAction *FrmMain::Item(QMenu *menu, const char *name, const char *caption, std::function<void()> handler)
+{
+    QAction *action = Named(menu->addAction(caption), name);
+    connect(action, &QAction::triggered, this, [this, handler = std::move(handler)] {
+        ReflectMarks();
+        if (!link_.InCall() && !closing_)
+            handler();
+        ReflectMarks();
+    });
+    return action;
+}
+
+void FrmMain::BuildMenus()
+{
+    const auto checkable = [this](QAction *action, std::function<bool()> checked) {
+        action->setCheckable(true);
+        marks_.emplace_back(action, std::move(checked));
+        return action;
+    };
+
+    mnuFile_ = Submenu(menuBar(), "mnuFile", "&File");
+    Item(mnuFile_, "mnuNew", "New", [this] { mnuNew_Click(); });
+    Item(mnuFile_, "mnuLoad", "Open", [this] { mnuLoad_Click(); });
+    mnuFile_->addSeparator();
+    mnuSave_ = Item(mnuFile_, "mnuSave", "Save", [this] { Save(); });
+    Item(mnuFile_, "mnuSaveAs", "Save As ...", [this] { SaveAs(); });
+    mnuFile_->addSeparator();
+    Item(mnuFile_, "mnuRef", "Update", [this] {
+        if (CommitEntries())
+            link_.Update();
+    });
+    mnuFile_->addSeparator();
+    Item(mnuFile_, "mnuend", "E&xit", [this] { close(); });
+
+    mnuOpt_ = Submenu(menuBar(), "mnuOpt", "&Options");
+    QMenu *mnuCom = Submenu(mnuOpt_, "mnuCom", "COM Port Selection");
+    constexpr std::array<std::pair<const char *, const char *>, 4> Ports{
+        {{"mnuCom1", "COM 1"}, {"mnuCom2", "COM 2"}, {"mnuCom3", "COM 3"}, {"mnuCom4", "COM 4"}}};
+    for (Word port = 1; const auto &[name, caption] : Ports) {
+        checkable(Item(mnuCom, name, caption, [this, port] { settings_.Options.ComPort = port; }),
+                  [this, port] { return settings_.Options.ComPort == port; });
+        ++port;
+    }
+    mnuBaud_ = Submenu(mnuOpt_, "mnuBaud", "Baud Rate");
+    constexpr std::array<std::pair<const char *, const char *>, 4> Rates{
+        {{"mnuBaud1", "9600"}, {"mnuBaud2", "19200"}, {"mnuBaud3", "38400"}, {"mnuBaud4", "57600"}}};
+    for (Word index = 0; const auto &[name, caption] : Rates) {
+        checkable(Item(mnuBaud_, name, caption, [this, index] { mnuBaud_Click(index); }),
+                  [this, index] { return settings_.BaudIndex == index; });
+        ++index;
+    }
+
+    Preferences &options = settings_.Options;
+    QMenu *mnuUopt = Submenu(mnuOpt_, "mnuUopt", "Upload Options");
+    checkable(Item(mnuUopt, "mnuAuto", "Automatically Upload", [this] { mnuAuto_Click(); }),
+              [&options] { return options.AutoUpload; });
+    mnuConfirm_ = checkable(Item(mnuUopt, "mnuConfirm", "Confirm Message Box",
+                                 [&options] { options.ConfirmUpload = !options.ConfirmUpload; }),
+                            [&options] { return options.ConfirmUpload; });
+    mnuShort_ = checkable(
+        Item(mnuUopt, "mnuShort", "Enable Shortcuts", [&options] { options.Shortcuts = !options.Shortcuts; }),
+        [&options] { return options.Shortcuts; });
+    checkable(Item(mnuOpt_, "mnuAutoRef", "Automatic Update", [this] { mnuAutoRef_Click(); }),
+              [&options] { return options.AutoRefresh == 1; });
+    checkable(Item(mnuOpt_, "mnuSys", "Use System Date/Time", [this] { mnuSys_Click(); }),
+              [this] { return useSystemTime_; });
+    mnuOpt_->addSeparator();
+    Item(mnuOpt_, "mnuSet", "Set Theater Information", [this] { mnuSet_Click(); });
+    ReflectMarks();
+}
+
+void FrmMain::ReflectMarks()
+{
+    for (const auto &[action, checked] : marks_)
+        action->setChecked(checked());
+}
+
+void FrmMain::EnableCommands(bool enable)
+{
+    mnuFile_->setEnabled(enable);
+    mnuOpt_->setEnabled(enable);
+    cmdConnect_->setEnabled(enable);
+    // Changing the tab may ask and send, so it waits as well.
+    SSTAB1_->tabBar()->setEnabled(enable);
+}
+
+void FrmMain::mnuBaud_Click(Word index)
+{
+    settings_.BaudIndex = index;
+    link_.RetryFunction(UnitOp::SetDLLBaud, index, 0);
+}
+
+void FrmMain::mnuAuto_Click()
+{
+    Preferences &options = settings_.Options;
+    options.AutoUpload = !options.AutoUpload;
+    mnuConfirm_->setEnabled(!options.AutoUpload);
+    mnuShort_->setEnabled(!options.AutoUpload);
+}
+
+void FrmMain::mnuAutoRef_Click()
+{
+    setEnabled(false);
+    frmRef_ = std::make_unique<FrmRef>(settings_.Options, this);
+    connect(frmRef_.get(), &QDialog::finished, this, [this] {
+        ReflectMarks();
+        setEnabled(true);
+    });
+    frmRef_->show();
+    frmRef_->activateWindow();
+    // Deliberate: re-reading at intervals would undo edits that were not sent, so they are sent from now on.
+    if (settings_.Options.AutoRefresh == 1 && !settings_.Options.AutoUpload)
+        mnuAuto_Click();
+}
+
+void FrmMain::mnuSys_Click()
+{
+    if (!useSystemTime_) {
+        useSystemTime_ = true;
+        link_.SetConsoleClock(std::nullopt);
+        return;
+    }
+    FrmTime frmTime(link_.ConsoleTime(), this);
+    if (frmTime.exec() != QDialog::Accepted)
+        return;
+    useSystemTime_ = false;
+    link_.SetConsoleClock(frmTime.Chosen());
+    link_.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::Unasked);
+}
+
+void FrmMain::mnuSet_Click()
+{
+    FrmTheater(
+        settings_, [this] { theater_->ApplyTheaterTabFields(); }, this)
+        .exec();
+}
+
+void FrmMain::cmdConnect_Click()
+{
+    if (link_.UnitOnline() || link_.InCall() || !CommitEntries())
+        return;
+    const bool hadFocus = cmdConnect_->hasFocus();
+    EnableCommands(false);
+    link_.ConnectToUnit();
+    frmProg_.reset();
+    EnableCommands(true);
+    if (hadFocus)
+        cmdConnect_->setFocus();
+    FitScreen();
+    if (started_)
+        TakeSnapshot();
+    CarryOutClose();
+}
+
+} // namespace kelvo

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "ui/controls/boxes.h"
+
+namespace kelvo::messages {
+
+inline constexpr auto WindowTitle = "Kelvo Cinema Processor and EQ Software   <%1>";
+inline constexpr auto Untitled = "Untitled";
+inline constexpr auto FromUnit = "CP Settings";
+inline constexpr auto ConnectCaption = "Connect";
+inline constexpr auto UnitInformation = "Processor Unit Information";
+inline constexpr auto OffLineHint = "Off line. Press Connect or F1.";
+
+inline constexpr auto SettingsFilter = "Kelvo Zentra Config Files (*.zcf)";
+inline constexpr auto OldFilter = "Old Config File format (*.cfg)";
+
+inline constexpr Message SaveChanges{Question, "Save?", "Do you want to save your changes?"};
+inline constexpr Message SaveBeforeExit{Question, "Save?", "Do you want to save changes before you exit?"};
+inline constexpr Message Revert{Question, "Revert?", "Do you want to revert back to original settings?"};
+inline constexpr Message FaderNominal{Question, "Fader=7.0?", "Do you want to set fader = 7.0?"};
+
+inline constexpr Message WrongFormat{Exclamation, "File Error", "Error open opening file! Incorrect format!"};
+inline constexpr Message CannotOpen{Exclamation, "File Error", "Cannot open %1: %2."};
+inline constexpr Message CannotSave{Exclamation, "File Error", "Cannot save %1: %2."};
+
+inline constexpr Message SmallScreen{CriticalError, "Screen Resolution Error",
+                                     "Error, screen resolution too low. Please select a screen resolution of "
+                                     "at least 800 x 600."};
+inline constexpr Message MissingLibrary{Information, "Device Library", "%1"};
+
+} // namespace kelvo::messages

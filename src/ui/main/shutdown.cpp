@@ -1,0 +1,117 @@
+#include "files/preferencesfile.h"
+#include "ui/main/frmmain.h"
+#include "ui/main/messages.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QFile>
+#include <QScopedValueRollback>
+
+namespace kelvo {
+
+void FrmMain::closeEvent(QCloseEvent *event)
+{
+    event->ignore();
+    if (closing_)
+        return;
+    if (link_.InCall()) {
+        closeRequested_ = true;
+        return;
+    }
+    closeRequested_ = false;
+    // A question or the dialog that disabled the window comes first.
+    if (!isEnabled() || QApplication::activeModalWidget())
+        return;
+
+    closing_ = true;
+    if (Form_Unload()) {
+        event->accept();
+        return;
+    }
+    closing_ = false;
+}
+
+void FrmMain::CarryOutClose()
+{
+    if (!closeRequested_)
+        return;
+    // Later, from the event loop: the call that it came in is still on the stack.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (closeRequested_)
+                close();
+        },
+        Qt::QueuedConnection);
+}
+
+bool FrmMain::EndSession(bool mayAsk)
+{
+    const QScopedValueRollback asking(mayAsk_, mayAsk);
+    if (frmRef_)
+        frmRef_->close();
+    return close();
+}
+
+bool FrmMain::Form_Unload()
+{
+    if (mayAsk_ && !(CommitEntries() && SaveQuestionAnswered()))
+        return false;
+    if (mayAsk_ && snapshotTaken_ && link_.UnitOnline() && kelvo::Ask(this, messages::Revert))
+        RevertToSnapshot();
+    if (places_.ownsFiles) {
+        QFile::remove(SnapshotFile());
+        WritePreferencesFile();
+    }
+    EndConnection();
+
+    for (QTimer *timer : findChildren<QTimer *>())
+        timer->stop();
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window != this)
+            window->hide();
+    }
+    return true;
+}
+
+bool FrmMain::SaveQuestionAnswered()
+{
+    if (!settings_.SettingsChanged)
+        return true;
+    switch (AskOrCancel(this, messages::SaveBeforeExit)) {
+    case Answer::Yes:
+        return SaveAsked();
+    case Answer::No:
+        return true;
+    case Answer::Cancel:
+        return false;
+    }
+    return false;
+}
+
+void FrmMain::RevertToSnapshot()
+{
+    if (OpenFile(SnapshotFile()))
+        link_.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit);
+}
+
+void FrmMain::WritePreferencesFile()
+{
+    const QString path = PreferencesFile();
+    if (const auto failure = WritePreferences(path.toStdString(), settings_.Options))
+        places_.report(QString(messages::CannotSave.text)
+                           .arg(QDir::toNativeSeparators(path), QString::fromStdString(failure->reason)));
+}
+
+void FrmMain::EndConnection()
+{
+    StopRunningStream();
+    link_.SwitchOffTestSignals();
+    link_.RetryFunction(UnitOp::StopStream);
+    link_.RetryFunction(UnitOp::SetDLLBaud, 0, 0);
+    link_.RetryFunction(UnitOp::DLLShutdown);
+}
+
+} // namespace kelvo

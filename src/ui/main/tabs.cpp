@@ -1,0 +1,80 @@
+#include "ui/main/frmmain.h"
+
+#include "ui/main/messages.h"
+
+#include <QSignalBlocker>
+#include <QTabBar>
+#include <QTabWidget>
+
+namespace kelvo {
+
+namespace {
+
+/// The tabs on which levels are set, at fader 7.0.
+bool SetsLevels(Tab tab)
+{
+    return tab == Tab::OutputTrim || tab == Tab::Eq || tab == Tab::Obe;
+}
+
+} // namespace
+
+void FrmMain::SSTAB1_Click(int tab)
+{
+    if (tab == shownTab_)
+        return;
+    if (!MayLeaveTab()) {
+        const QSignalBlocker quietly(SSTAB1_);
+        SSTAB1_->setCurrentIndex(shownTab_);
+        return;
+    }
+    const int previous = std::exchange(shownTab_, tab);
+    // The first focus of a tab is never one of its sliders.
+    SSTAB1_->tabBar()->setFocus();
+    if (SetsLevels(Tab(tab)) && masterFader_->FieldText() != "7.0" &&
+        kelvo::Ask(this, messages::FaderNominal))
+        masterFader_->SetNominal();
+
+    ClearTabStatus();
+    frmtabs_[std::size_t(tab)]->setEnabled(link_.UnitOnline());
+    if (Tab(tab) == Tab::Obe)
+        link_.RetryFunction(UnitOp::EnableOBE);
+    if (Tab(tab) == Tab::TheaterInformation)
+        theater_->ApplyTheaterTabFields();
+    SwitchOffTab(previous);
+}
+
+bool FrmMain::MayLeaveTab()
+{
+    return !link_.InCall() && CommitEntries();
+}
+
+void FrmMain::ClearTabStatus()
+{
+    for (QWidget *panel : frmtabs_)
+        panel->setEnabled(false);
+}
+
+void FrmMain::SwitchOffTab(int tab)
+{
+    switch (Tab(tab)) {
+    case Tab::OutputTrim:
+        outputTrim_->LeaveTab();
+        break;
+    case Tab::Eq:
+        equaliser_->LeaveTab();
+        break;
+    case Tab::Obe:
+    case Tab::Options:
+        obe_->LeaveTab();
+        break;
+    case Tab::OpticalSetup:
+        optical_->LeaveTab();
+        break;
+    case Tab::FormatSelection:
+    case Tab::TheaterInformation:
+    case Tab::Help:
+        break;
+    }
+}
+
+} // namespace kelvo

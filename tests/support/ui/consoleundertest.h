@@ -1,0 +1,111 @@
+#pragma once
+
+#include "support/recordinglibrary.h"
+#include "support/testclock.h"
+#include "ui/main/frmmain.h"
+#include "unit/simulatedunit.h"
+
+#include <QMessageBox>
+#include <QSlider>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+namespace kelvo {
+
+using Calls = std::vector<std::string>; ///< "SetVol 70", "SetPink 2 -1", "SetAudio", "DLLShutdown"
+
+enum ConsoleStart { OnLine, OffLine };
+
+/// The test's clock without its trace of pauses, with the PC's time text as the test sets it.
+struct ConsoleClock : TestClock {
+    ConsoleClock() : TestClock(pauses) {}
+    Trace pauses;
+};
+
+/// The real main window over a recorded simulated unit, with a clock that stands and a program directory of
+/// its own. Controls are found by name; boxes are real and are answered by title, and one that nobody
+/// expected fails the test.
+class ConsoleUnderTest : public QObject {
+    Q_OBJECT
+
+  public:
+    /// On line: connected at start, the tab chosen, everything idle and no call recorded yet. Off line: the
+    /// unit's cable is out. `prepare` runs before the start-up, on the unit, the settings' files and places.
+    explicit ConsoleUnderTest(ConsoleStart start = OnLine, Tab tab = Tab::FormatSelection,
+                              const std::function<void(ConsoleUnderTest &)> &prepare = {});
+    ~ConsoleUnderTest() override;
+
+    SimulatedUnit unit;
+    ConsoleClock clock;
+    Settings settings;
+    Places places;
+    std::unique_ptr<FrmMain> window;
+    QStringList reports; ///< what went to standard error
+
+    /// The control of the main window, or of any other open window, with this name; fails when there is none.
+    template <typename Control>
+    Control *Find(const char *name) const
+    {
+        auto *control = dynamic_cast<Control *>(FindObject(name));
+        if (!control)
+            QTest::qFail(qPrintable(QString("no control is named %1").arg(name)), __FILE__, __LINE__);
+        return control;
+    }
+
+    void Click(const char *button);
+    /// Selects all, types and presses Enter.
+    void Type(const char *field, const QString &text);
+    /// Types over the text and leaves the field as it is, the focus in it.
+    void TypeOnly(const char *field, const QString &text);
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void Release(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// Press and release, on the control that has the focus.
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// Takes the slider's handle with the mouse to a position and lets go.
+    void Drag(const char *slider, int position);
+    /// Clicks the tab's heading.
+    void GoTo(Tab tab);
+    QAction *Action(const char *name) const;
+    void Trigger(const char *action) { Action(action)->trigger(); }
+    /// Lets one tick of a timer pass now.
+    void Tick(const char *timer);
+
+    /// Answers the next box: it must have this title and, when given, this text.
+    void AnswerNextBox(const QString &title, QMessageBox::StandardButton button, const QString &text = {});
+    /// Works on the next dialog that is not a message box, `QFileDialog` included, once it is shown.
+    void WithNextDialog(std::function<void(QDialog *)> work);
+    /// Chooses a file in the next file dialog; "" cancels it.
+    void ChooseNextFile(const QString &path);
+    bool AllBoxesSeen() const { return answers_.empty() && dialogs_.empty(); }
+
+    /// The calls of the library since the fixture was ready, or since the last `Forget`.
+    kelvo::Calls Calls() const { return calls_; }
+    void Forget() { calls_.clear(); }
+
+    QString File(const char *name) const { return folder_.filePath(name); }
+
+  protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+  private:
+    struct Box {
+        QString title;
+        QString text;
+        QMessageBox::StandardButton button;
+    };
+
+    QObject *FindObject(const char *name) const;
+    QWidget *Focus() const;
+    void AnswerBox(QMessageBox *box);
+
+    QTemporaryDir folder_;
+    Trace calls_;
+    RecordingLibrary library_;
+    std::vector<Box> answers_;
+    std::vector<std::function<void(QDialog *)>> dialogs_;
+};
+
+} // namespace kelvo
