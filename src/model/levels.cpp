@@ -31,8 +31,8 @@ std::string_view SkipBlanks(std::string_view text)
 /// A number at the start of a text, cut into its parts.
 struct Numeral {
     bool negative = false;
-    std::string digits;    ///< "6.5" for 6.5 and 6,5; never starts with a sign
-    std::string exponent;  ///< "-3" of "1e-3"; empty when there is none
+    std::string digits;     ///< "6.5" for 6.5 and 6,5; never starts with a sign
+    std::string exponent;   ///< "-3" of "1e-3"; empty when there is none
     std::size_t length = 0; ///< of the text that it takes; 0 = the text does not start with a number
 };
 

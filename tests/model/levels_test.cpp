@@ -27,8 +27,7 @@ int HalfToEven(int tenths)
 std::string Typed(int tenths, char point = '.')
 {
     const int size = tenths < 0 ? -tenths : tenths;
-    return std::string(tenths < 0 ? "-" : "") + std::to_string(size / 10) + point +
-           std::to_string(size % 10);
+    return std::string(tenths < 0 ? "-" : "") + std::to_string(size / 10) + point + std::to_string(size % 10);
 }
 
 /// The text a half-decibel slider shows at each of its 25 positions, top to bottom.
@@ -162,8 +161,10 @@ TEST_CASE("a half-decibel value is checked as it was typed, before it goes down 
 
 TEST_CASE("a fader text counts as far as it is a number, and no number is zero")
 {
-    for (const char *text : {"", " ", "abc", "--3", "+-3", "-", ".", ",", "e5", "inf", "nan", "\x01", "\n7",
-                             "-x", "\xE2\x88\x92" "3"}) {
+    for (const char *text :
+         {"", " ", "abc", "--3", "+-3", "-", ".", ",", "e5", "inf", "nan", "\x01", "\n7", "-x",
+          "\xE2\x88\x92"
+          "3"}) {
         CAPTURE(text);
         CHECK(ReadLevel(FaderRule, text) == Value(0));
     }
@@ -214,8 +215,28 @@ TEST_CASE("a fader number that overflows 16 bits of tenths is no number; elsewhe
 
 TEST_CASE("a level text that is not a number as a whole leaves the level as it is")
 {
-    for (const char *text : {"", " ", "abc", "--3", "+-3", "3 4", "3dB", "-", ".", ",", "1.2.3", "1,000.5",
-                             "inf", "nan", "0x3", "3e", "3e+", "\x01", "3\x01", "\x7f" "3", "3\n"}) {
+    for (const char *text : {"",
+                             " ",
+                             "abc",
+                             "--3",
+                             "+-3",
+                             "3 4",
+                             "3dB",
+                             "-",
+                             ".",
+                             ",",
+                             "1.2.3",
+                             "1,000.5",
+                             "inf",
+                             "nan",
+                             "0x3",
+                             "3e",
+                             "3e+",
+                             "\x01",
+                             "3\x01",
+                             "\x7f"
+                             "3",
+                             "3\n"}) {
         CAPTURE(text);
         CHECK(ReadLevel(ShelfRule, text) == Unreadable);
         CHECK(ReadLevel(HalfDecibelRule, text) == Unreadable);

@@ -1,10 +1,15 @@
 #include "ui/controls/entrywindow.h"
 
+#include "ui/controls/levelfield.h"
+#include "ui/controls/levelslider.h"
+
 namespace kelvo {
 
 bool EntryWindow::CommitEntry()
 {
-    return true;
+    if (sliderHeld)
+        sliderHeld->LetGo();
+    return !editing || !editing->IsPending() || editing->Validate();
 }
 
 } // namespace kelvo

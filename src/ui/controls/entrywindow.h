@@ -2,9 +2,11 @@
 
 namespace kelvo {
 
-class LevelPair;
+class LevelField;
+class LevelSlider;
 
-/// What all level pairs of one window share. The main window has one, the fader dialog another.
+/// What all level fields and sliders of one window share. The main window has one, the fader dialog
+/// another.
 struct EntryWindow {
     /// A position that no slider can reach, so that the first change always counts as a move.
     static constexpr int NoPosition = 255;
@@ -13,13 +15,14 @@ struct EntryWindow {
     int FocusPosition = NoPosition;
     /// False only while a key is held on a slider: its steps are sent on release.
     bool SendArmed = true;
-    /// The pair whose field is being typed in, or null.
-    LevelPair *editing = nullptr;
-    /// A slider is held by the mouse or a key: nothing may move it under the hand.
-    bool sliderHeld = false;
+    /// The field that is the place of entry, or null.
+    LevelField *editing = nullptr;
+    /// The slider in the user's hand, by mouse or key, or null: nothing may move it meanwhile.
+    LevelSlider *sliderHeld = nullptr;
 
-    /// Takes what is typed in the field that has the focus. False after a bad value: its message has been
-    /// shown, the field has the focus, and the command that asked is to be called off.
+    /// Takes what is typed in the field that has the focus, and what a held key has moved. False after a
+    /// bad value: its message has been shown, the field has the focus, and the command that asked is to
+    /// be called off.
     bool CommitEntry();
 };
 

@@ -2,15 +2,23 @@
 
 #include "model/levels.h"
 #include "ui/controls/entrywindow.h"
-
-#include <QLineEdit>
-#include <QSlider>
+#include "ui/controls/levelfield.h"
+#include "ui/controls/levelslider.h"
 
 #include <functional>
+#include <span>
 
 namespace kelvo {
 
+/// The object names of a pair; an index other than -1 makes them members of control arrays.
+struct LevelNames {
+    const char *field;
+    const char *slider;
+    int index = -1;
+};
+
 /// One numeric field and its vertical slider. The slider's position is the home of the value.
+/// The owner places both widgets; the pair makes and joins them.
 class LevelPair : public QObject {
     Q_OBJECT
 
@@ -22,19 +30,35 @@ class LevelPair : public QObject {
         std::function<void()> send;
     };
 
-    QLineEdit *Field() const { return field_; }
-    QSlider *Slider() const { return slider_; }
-    int Position() const;
+    LevelPair(const LevelRule &rule, EntryWindow &entries, const LevelNames &names, Actions actions,
+              QObject *parent);
 
+    LevelField *Field() const { return field_; }
+    LevelSlider *Slider() const { return slider_; }
+    int Position() const { return slider_->value(); }
+
+    /// What both widgets are to a screen reader: "Left Channel, 1 kHz, dB".
+    void SetAccessibleName(const QString &name);
     /// Shows a position quietly: nothing is stored or sent. A field being typed in keeps its text.
     /// Positions outside the range show the nearest end.
     void ShowPosition(int position);
     /// Takes the typed text. False after a bad value: its message has been shown.
-    bool Validate();
+    bool Validate() { return field_->Validate(); }
 
   private:
-    QLineEdit *field_ = nullptr;
-    QSlider *slider_ = nullptr;
+    void TakeSteps(int steps);
+    void ApplyChange();
+    void ShowText();
+
+    const LevelRule rule_;
+    EntryWindow &entries_;
+    Actions actions_;
+    LevelField *field_;
+    LevelSlider *slider_;
+    int takenAt_ = 0;
 };
+
+/// Left and Right lead along the pairs' sliders and round from the last to the first.
+void JoinNeighbours(std::span<LevelPair *const> pairs);
 
 } // namespace kelvo

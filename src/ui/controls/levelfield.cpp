@@ -1,0 +1,185 @@
+#include "ui/controls/levelfield.h"
+
+#include "ui/controls/boxes.h"
+#include "ui/controls/focus.h"
+#include "ui/controls/messages.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QStyle>
+#include <QStyleOptionFrame>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTimer>
+
+namespace kelvo {
+
+namespace {
+
+/// The widest text of any level; all fields share its width.
+constexpr const char *WidestText = "-10.0";
+
+} // namespace
+
+LevelField::LevelField(const LevelRule &rule, EntryWindow &entries, Take take)
+    : rule_(rule),
+      entries_(entries),
+      take_(std::move(take))
+{
+    setAlignment(Qt::AlignCenter);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+LevelField::~LevelField()
+{
+    if (entries_.editing == this)
+        entries_.editing = nullptr;
+}
+
+void LevelField::ShowText(const QString &text)
+{
+    shown_ = text;
+    if (!IsBeingTypedIn() && this->text() != text)
+        setText(text);
+}
+
+bool LevelField::IsBeingTypedIn() const
+{
+    return isModified() && entries_.editing == this;
+}
+
+bool LevelField::IsPending() const
+{
+    return isModified() || text() != shown_;
+}
+
+void LevelField::Drop()
+{
+    setText(shown_);
+}
+
+bool LevelField::Validate()
+{
+    const LevelEntry entry = ReadLevel(rule_, text().toStdString());
+    if (entry.kind == LevelEntry::OutOfRange) {
+        Refuse();
+        return false;
+    }
+    setModified(false);
+    if (entry.kind == LevelEntry::Value)
+        take_(entry.steps);
+    Drop();
+    return true;
+}
+
+/// The box opens over the field that has the focus again, so that closing it leads back there.
+void LevelField::Refuse()
+{
+    refusing_ = true;
+    setFocus();
+    Tell(window(), {Exclamation, RangeCheckTitle, rule_.rangeMessage});
+    refusing_ = false;
+    selectAll();
+}
+
+void LevelField::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        clear();
+        [[fallthrough]];
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        // Accepted here, so that a dialog takes neither for its own.
+        event->accept();
+        Validate();
+        setFocus();
+        break;
+    default:
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+void LevelField::focusInEvent(QFocusEvent *event)
+{
+    entries_.editing = this;
+    qApp->installEventFilter(this);
+    QLineEdit::focusInEvent(event);
+}
+
+void LevelField::focusOutEvent(QFocusEvent *event)
+{
+    QLineEdit::focusOutEvent(event);
+    qApp->removeEventFilter(this);
+    if (MovesInsideWindow(event->reason()) && !refusing_)
+        Leave(event->reason());
+}
+
+void LevelField::Leave(Qt::FocusReason reason)
+{
+    if (!IsPending()) {
+        entries_.editing = nullptr;
+        return;
+    }
+    // A field that went away under the user (its tab, its panel) has no place to correct a bad value.
+    const bool gone = !isEnabled() || !isVisible();
+    if (gone && ReadLevel(rule_, text().toStdString()).kind == LevelEntry::OutOfRange)
+        Drop();
+    else if (!Validate()) {
+        if (reason == Qt::MouseFocusReason)
+            SwallowPressUnderWay();
+        return;
+    }
+    entries_.editing = nullptr;
+}
+
+/// The focus left because of a mouse press that is still to reach its widget: it is not carried out.
+void LevelField::SwallowPressUnderWay()
+{
+    swallowPress_ = true;
+    QTimer::singleShot(0, this, [this] { swallowPress_ = false; });
+}
+
+/// A tab strip changes its page without taking the focus, so it is watched while the field has it.
+bool LevelField::eventFilter(QObject *receiver, QEvent *event)
+{
+    if (refusing_ || !receiver->isWidgetType())
+        return false;
+    if (swallowPress_ && event->type() == QEvent::MouseButtonPress) {
+        swallowPress_ = false;
+        return true;
+    }
+    return SwitchesTab(receiver, event) && IsPending() && !Validate();
+}
+
+bool LevelField::SwitchesTab(QObject *receiver, QEvent *event) const
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::Shortcut:
+    case QEvent::Wheel:
+        return qobject_cast<QTabBar *>(receiver) && static_cast<QWidget *>(receiver)->window() == window();
+    case QEvent::KeyPress:
+        return qobject_cast<QTabWidget *>(receiver) &&
+               static_cast<QKeyEvent *>(event)->modifiers().testFlag(Qt::ControlModifier);
+    default:
+        return false;
+    }
+}
+
+QSize LevelField::sizeHint() const
+{
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const int margins = 2 * option.lineWidth + 6;
+    const QSize content(fontMetrics().horizontalAdvance(QLatin1String(WidestText)) + margins,
+                        QLineEdit::sizeHint().height());
+    return content;
+}
+
+QSize LevelField::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+} // namespace kelvo
