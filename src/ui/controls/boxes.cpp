@@ -13,7 +13,11 @@ QMessageBox::StandardButton Show(QWidget *parent, const Message &message, const 
     QMessageBox box(message.icon, QString::fromUtf8(message.title), text, buttons, parent);
     box.setTextFormat(Qt::PlainText);
     box.setEscapeButton(escape);
-    return QMessageBox::StandardButton(box.exec());
+    const int answer = box.exec();
+    // Where no window manager gives the focus back, the window that asked would stay deaf to keys.
+    if (parent && parent->isVisible())
+        parent->window()->activateWindow();
+    return QMessageBox::StandardButton(answer);
 }
 
 } // namespace

@@ -102,15 +102,13 @@ void LevelField::keyPressEvent(QKeyEvent *event)
 
 void LevelField::focusInEvent(QFocusEvent *event)
 {
-    entries_.editing = this;
-    qApp->installEventFilter(this);
+    BecomePlaceOfEntry(true);
     QLineEdit::focusInEvent(event);
 }
 
 void LevelField::focusOutEvent(QFocusEvent *event)
 {
     QLineEdit::focusOutEvent(event);
-    qApp->removeEventFilter(this);
     if (MovesInsideWindow(event->reason()) && !refusing_)
         Leave(event->reason());
 }
@@ -118,7 +116,7 @@ void LevelField::focusOutEvent(QFocusEvent *event)
 void LevelField::Leave(Qt::FocusReason reason)
 {
     if (!IsPending()) {
-        entries_.editing = nullptr;
+        BecomePlaceOfEntry(false);
         return;
     }
     // A field that went away under the user (its tab, its panel) has no place to correct a bad value.
@@ -130,7 +128,17 @@ void LevelField::Leave(Qt::FocusReason reason)
             SwallowPressUnderWay();
         return;
     }
-    entries_.editing = nullptr;
+    BecomePlaceOfEntry(false);
+}
+
+/// It stays the place of entry while a box, a menu or another window has the focus.
+void LevelField::BecomePlaceOfEntry(bool become)
+{
+    entries_.editing = become ? this : nullptr;
+    if (become)
+        qApp->installEventFilter(this);
+    else
+        qApp->removeEventFilter(this);
 }
 
 /// The focus left because of a mouse press that is still to reach its widget: it is not carried out.
@@ -140,7 +148,7 @@ void LevelField::SwallowPressUnderWay()
     QTimer::singleShot(0, this, [this] { swallowPress_ = false; });
 }
 
-/// A tab strip changes its page without taking the focus, so it is watched while the field has it.
+/// A tab strip changes its page without taking the focus, so it is watched while something is typed here.
 bool LevelField::eventFilter(QObject *receiver, QEvent *event)
 {
     if (refusing_ || !receiver->isWidgetType())
@@ -159,9 +167,10 @@ bool LevelField::SwitchesTab(QObject *receiver, QEvent *event) const
     case QEvent::Shortcut:
     case QEvent::Wheel:
         return qobject_cast<QTabBar *>(receiver) && static_cast<QWidget *>(receiver)->window() == window();
-    case QEvent::KeyPress:
-        return qobject_cast<QTabWidget *>(receiver) &&
-               static_cast<QKeyEvent *>(event)->modifiers().testFlag(Qt::ControlModifier);
+    case QEvent::KeyPress: {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        return (key == Qt::Key_Tab || key == Qt::Key_Backtab) && qobject_cast<QTabWidget *>(receiver);
+    }
     default:
         return false;
     }
@@ -172,9 +181,8 @@ QSize LevelField::sizeHint() const
     QStyleOptionFrame option;
     initStyleOption(&option);
     const int margins = 2 * option.lineWidth + 6;
-    const QSize content(fontMetrics().horizontalAdvance(QLatin1String(WidestText)) + margins,
-                        QLineEdit::sizeHint().height());
-    return content;
+    return {fontMetrics().horizontalAdvance(QLatin1String(WidestText)) + margins,
+            QLineEdit::sizeHint().height()};
 }
 
 QSize LevelField::minimumSizeHint() const

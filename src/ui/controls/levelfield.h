@@ -43,6 +43,7 @@ class LevelField : public QLineEdit {
   private:
     bool IsBeingTypedIn() const;
     bool SwitchesTab(QObject *receiver, QEvent *event) const;
+    void BecomePlaceOfEntry(bool become);
     void Leave(Qt::FocusReason reason);
     void Refuse();
     void SwallowPressUnderWay();
