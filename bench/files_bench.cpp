@@ -65,7 +65,7 @@ bool BareSave(const std::string &folderPath, const std::string &path, const std:
 /// Saves both ways in turn, so that the disk's moods meet both.
 bool MeasureSaving()
 {
-    constexpr int Runs = 400;
+    constexpr int Runs = 100;
     const TestFolder folder;
     const std::string path = folder.Path("bench.zcf");
     const std::string temporary = folder.Path("bench.tmp");
