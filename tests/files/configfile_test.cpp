@@ -84,8 +84,8 @@ TEST_CASE("bytes that a file does not store keep what the records held before")
     CHECK(kept(12 + 90 + 9, 12 + 90 + 26));
     CHECK(kept(12 + 150 + 3, 12 + 150 + 26)); // beyond the three bytes of the Subwoofer
     CHECK(kept(194, 223));
-    for (const std::size_t offset : {2, 7, 9, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 31, 127})
-        CHECK(BytesOf(settings.System)[offset] == 0x5A);
+    for (const int offset : {2, 7, 9, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 31, 127})
+        CHECK(BytesOf(settings.System)[std::size_t(offset)] == 0x5A);
 }
 
 TEST_CASE("after a load the OBE switch and its remembered frequency follow the file")
@@ -325,10 +325,10 @@ TEST_CASE("an old file is both records and nothing else; live values and texts s
 
 TEST_CASE("an old file of any other length is refused")
 {
-    for (const std::size_t length : {0, 1, 128, 351, 353, 704}) {
+    for (const int length : {0, 1, 128, 351, 353, 704}) {
         Settings settings = SampleSettings();
         const std::string before = Everything(settings);
-        CHECK_FALSE(ParseOldConfig(std::string(length, '\0'), settings));
+        CHECK_FALSE(ParseOldConfig(std::string(std::size_t(length), '\0'), settings));
         CHECK(Everything(settings) == before);
     }
 }
