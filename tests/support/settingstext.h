@@ -11,10 +11,8 @@ inline std::string Everything(const Settings &settings)
 {
     std::string all;
     const auto add = [&](const std::string &text) { all.append(text).append("\n"); };
-    for (const Byte byte : BytesOf(settings.Audio))
-        add(std::to_string(byte));
-    for (const Byte byte : BytesOf(settings.System))
-        add(std::to_string(byte));
+    all.append(BytesOf(settings.Audio).begin(), BytesOf(settings.Audio).end());
+    all.append(BytesOf(settings.System).begin(), BytesOf(settings.System).end());
     for (const int value :
          {int(settings.FaderLevel), int(settings.MuteState), int(settings.CurrentFormat),
           int(settings.FormatBeforeStream.has_value()), int(settings.FormatBeforeStream.value_or(0)),

@@ -82,7 +82,9 @@ TEST_CASE("bits 11 to 15 add no line: header and end stand alone")
 
 TEST_CASE("every status bit of every operation is reported once and ends the link")
 {
-    for (const auto &[op, name] : ControlOperations) {
+    for (const auto &operation : ControlOperations) {
+        const UnitOp op = operation.first;
+        const char *const name = operation.second;
         for (int bit = 0; bit <= 15; ++bit) {
             CAPTURE(name);
             CAPTURE(bit);
@@ -116,7 +118,9 @@ TEST_CASE("bits 8 and 9 with any other bit are a link failure, not 768")
 
 TEST_CASE("768 from a control call after six attempts keeps the link, the lamp in doubt")
 {
-    for (const auto &[op, name] : ControlOperations) {
+    for (const auto &operation : ControlOperations) {
+        const UnitOp op = operation.first;
+        const char *const name = operation.second;
         CAPTURE(name);
         ConnectedLink console;
         console.unit.FailNext(name, StreamNotLocked, 6);

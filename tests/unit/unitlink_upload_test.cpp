@@ -123,14 +123,16 @@ TEST_CASE("the upload stamps the PC's time on a 12-hour PC")
 
 TEST_CASE("only an upper-case PM at the end of the time text sets the flag")
 {
-    for (const auto &[text, flag] : {std::pair{" PM", 64},
-                                     {"PM", 64},
-                                     {" pm", 0},
-                                     {" Pm", 0},
-                                     {"", 0},
-                                     {" PM o'clock", 0},
-                                     {" p.m.", 0},
-                                     {" AM", 0}}) {
+    for (const auto &row : {std::pair{" PM", 64},
+                            {"PM", 64},
+                            {" pm", 0},
+                            {" Pm", 0},
+                            {"", 0},
+                            {" PM o'clock", 0},
+                            {" p.m.", 0},
+                            {" AM", 0}}) {
+        const auto &text = row.first;
+        const auto &flag = row.second;
         CAPTURE(text);
         ConnectedLink console;
         console.clock.pm = text;
