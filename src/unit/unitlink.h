@@ -97,6 +97,8 @@ class UnitLink {
     LocalTime ConsoleTime();
 
     const UnitHolds &Holds() const { return holds_; }
+    /// `lblSent` follows an edit for which nothing is sent.
+    void ShowSent() { view_.ShowSent(); }
     /// How many fields of the settings the unit does not hold; empty until it was read.
     std::optional<int> Differences() const { return CountDifferences(settings_, holds_); }
 

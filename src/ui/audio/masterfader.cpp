@@ -1,5 +1,17 @@
 #include "ui/audio/masterfader.h"
 
+#include "ui/audio/messages.h"
+#include "ui/controls/levelboard.h"
+#include "ui/controls/named.h"
+#include "ui/dialogs/frmfader.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
 namespace kelvo {
 
 MasterFader::MasterFader(Settings &settings, UnitLink &link, EntryWindow &entries, QWidget *window)
@@ -7,33 +19,180 @@ MasterFader::MasterFader(Settings &settings, UnitLink &link, EntryWindow &entrie
       settings_(settings),
       link_(link),
       entries_(entries),
-      window_(window)
+      window_(window),
+      sclVol_(Named(new LevelSlider(FaderRule, entries), "sclVol"))
 {
+    sclVol_->setAccessibleName("Fader");
+    Wire(sclVol_);
+    for (int index = 0; index < FieldCount; ++index) {
+        auto *field = new LevelField(FaderRule, entries, [this](int tenths) { SetLevel(Word(tenths)); });
+        field->setAccessibleName("Fader");
+        lblVol_[std::size_t(index)] = Named(field, "lblVol", index);
+    }
 }
+
 QGroupBox *MasterFader::BuildMaster()
 {
-    return new QGroupBox;
+    master_ = Named(new QGroupBox, "Frame1", 5);
+    master_->installEventFilter(this);
+    auto *board = new LevelBoard(FaderMarks());
+    board->Add(sclVol_, 1);
+    auto *rows = new QVBoxLayout(master_);
+    rows->addWidget(new QLabel(" Fader"), 0, Qt::AlignHCenter);
+    rows->addWidget(board, 1, Qt::AlignHCenter);
+    rows->addWidget(lblVol_[3], 0, Qt::AlignHCenter);
+    return master_;
 }
-QGroupBox *MasterFader::BuildFrame(const QString &, int)
+
+QGroupBox *MasterFader::BuildFrame(const QString &name, int index)
 {
-    return new QGroupBox;
+    auto *frame = new QGroupBox("Master Fader");
+    frame->setObjectName(name);
+    auto *cmdSet7 = Named(new QPushButton("Set Fader = 7.0"), "cmdSet7", index);
+    auto *cmdAdjust = Named(new QPushButton("Adjust Fader"), "cmdAdjust", index);
+    connect(cmdSet7, &QPushButton::clicked, this, [this] { cmdSet7_Click(); });
+    connect(cmdAdjust, &QPushButton::clicked, this, [this] { cmdAdjust_Click(); });
+    auto *rows = new QVBoxLayout(frame);
+    rows->addWidget(lblVol_[std::size_t(index)], 0, Qt::AlignHCenter);
+    rows->addWidget(cmdSet7);
+    rows->addWidget(cmdAdjust);
+    return frame;
 }
-void MasterFader::ReflectVolumeLevel(bool)
+
+void MasterFader::Wire(LevelSlider *slider)
 {
+    slider->SetStep([this](int positions) { sclVol_Step(positions); });
+    connect(slider, &LevelSlider::Taken, this, [this] { sclVol_Taken(); });
+    connect(slider, &LevelSlider::Moved, this, [this, slider] { sclVol_Moved(*slider); });
+    connect(slider, &LevelSlider::Placed, this, [this, slider] { sclVol_Placed(*slider); });
+    connect(slider, &LevelSlider::Dropped, this, [this] { sclVol_Dropped(); });
 }
+
+/// Made on first use and then kept. It comes after the main window's own controls, so that a search for
+/// `sclVol` below that window finds the main one.
+FrmFader &MasterFader::Dialog()
+{
+    if (!frmFader_) {
+        frmFader_ = new FrmFader(window_, [this](int tenths) { SetLevel(Word(tenths)); });
+        frmFader_->setEnabled(!master_ || master_->isEnabled());
+        Wire(frmFader_->Slider());
+    }
+    return *frmFader_;
+}
+
+/// The dialog can be operated when the frame beside the tabs can.
+bool MasterFader::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == master_ && event->type() == QEvent::EnabledChange && frmFader_)
+        frmFader_->setEnabled(master_->isEnabled());
+    return QObject::eventFilter(watched, event);
+}
+
+void MasterFader::ReflectVolumeLevel(bool moveSlider)
+{
+    const QString text = QString::fromStdString(FaderRule.TextOf(settings_.FaderLevel));
+    const int position = FaderRule.PositionFor(settings_.FaderLevel);
+    for (LevelField *field : lblVol_)
+        field->ShowText(text);
+    Dialog().Field()->ShowText(text);
+    Dialog().Slider()->ShowPosition(position);
+    if (moveSlider)
+        sclVol_->ShowPosition(position);
+}
+
 QString MasterFader::FieldText() const
 {
-    return {};
+    return lblVol_[0]->text();
 }
+
 void MasterFader::SetNominal()
 {
+    lblVol_[0]->setText(QString::fromStdString(FaderRule.TextOf(NominalFader)));
+    lblVol_[0]->Validate();
 }
+
 void MasterFader::cmdSet7_Click()
 {
+    if (Ask(window_, messages::SetFader7))
+        SetLevel(NominalFader);
 }
+
+void MasterFader::cmdAdjust_Click()
+{
+    Dialog().show();
+    Dialog().raise();
+    Dialog().activateWindow();
+    Dialog().Slider()->setFocus();
+}
+
 bool MasterFader::CommitDialogEntry()
 {
-    return true;
+    return !frmFader_ || frmFader_->Entries().CommitEntry();
+}
+
+/// Decides which of the two sliders a change that no hand made belongs to.
+bool MasterFader::FaderDialogActive() const
+{
+    return frmFader_ && frmFader_->Slider()->hasFocus();
+}
+
+void MasterFader::sclVol_Taken()
+{
+    takenAt_ = settings_.FaderLevel;
+    // A poll must not move the thumb under the hand. What somebody else stopped is left alone.
+    if (link_.Polling()) {
+        pausedPolling_ = true;
+        link_.SetPolling(false);
+    }
+}
+
+void MasterFader::sclVol_Dropped()
+{
+    if (std::exchange(pausedPolling_, false))
+        link_.SetPolling(true);
+    if (settings_.FaderLevel != takenAt_)
+        Send();
+}
+
+void MasterFader::sclVol_Step(int positions)
+{
+    if (settings_.Updating)
+        return;
+    const int level = std::clamp(settings_.FaderLevel - positions, 0, int(HighestFader));
+    settings_.FaderLevel = Word(level);
+    ReflectVolumeLevel(true);
+}
+
+void MasterFader::sclVol_Moved(const LevelSlider &slider)
+{
+    if (!settings_.Updating)
+        settings_.FaderLevel = Word(FaderRule.StepsAt(slider.value()));
+    ReflectVolumeLevel(true);
+}
+
+void MasterFader::sclVol_Placed(const LevelSlider &slider)
+{
+    const bool ofDialog = &slider != sclVol_;
+    if (ofDialog == FaderDialogActive() && !settings_.Updating)
+        SetLevel(Word(FaderRule.StepsAt(slider.value())));
+    else
+        ReflectVolumeLevel(true);
+}
+
+/// A level that the unit is known to hold already is not sent again.
+void MasterFader::SetLevel(Word level)
+{
+    const bool changed = level != settings_.FaderLevel;
+    settings_.FaderLevel = level;
+    ReflectVolumeLevel(true);
+    if (changed || link_.Holds().FaderLevel.value_or(level) != level)
+        Send();
+}
+
+void MasterFader::Send()
+{
+    if (!settings_.Updating)
+        link_.RetryFunction(UnitOp::SetVol);
 }
 
 } // namespace kelvo

@@ -2,14 +2,21 @@
 
 #include "model/settings.h"
 #include "ui/controls/entrywindow.h"
+#include "ui/controls/levelfield.h"
+#include "ui/controls/levelslider.h"
 #include "unit/unitlink.h"
 
 #include <QGroupBox>
 
+#include <array>
+
 namespace kelvo {
 
+class FrmFader;
+
 /// The unit's main volume in all its places: the frame beside the tabs, the "Master Fader" frames of
-/// three tabs and the fader dialog. One change on any of them is sent once.
+/// three tabs and the fader dialog. `Settings::FaderLevel` is its home; one change on any of them is sent
+/// once.
 class MasterFader : public QObject {
     Q_OBJECT
 
@@ -22,7 +29,7 @@ class MasterFader : public QObject {
     /// A "Master Fader" frame named `name` with `lblVol(index)`, `cmdSet7(index)`, `cmdAdjust(index)`.
     QGroupBox *BuildFrame(const QString &name, int index);
 
-    /// Brings every fader display into line with `Settings::FaderLevel`.
+    /// Brings every fader display into line with `Settings::FaderLevel`; nothing is sent.
     void ReflectVolumeLevel(bool moveSlider);
     /// The text of `lblVol(0)`.
     QString FieldText() const;
@@ -34,11 +41,34 @@ class MasterFader : public QObject {
     /// Takes what is typed in the dialog's field; false after a bad value.
     bool CommitDialogEntry();
 
+  protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
   private:
+    FrmFader &Dialog();
+    bool FaderDialogActive() const;
+    void Wire(LevelSlider *slider);
+    void sclVol_Step(int positions);
+    void sclVol_Moved(const LevelSlider &slider);
+    void sclVol_Placed(const LevelSlider &slider);
+    void sclVol_Taken();
+    void sclVol_Dropped();
+    void cmdAdjust_Click();
+    void SetLevel(Word level);
+    void Send();
+
+    static constexpr int FieldCount = 4;
+
     Settings &settings_;
     UnitLink &link_;
     EntryWindow &entries_;
     QWidget *window_;
+    QGroupBox *master_ = nullptr;
+    LevelSlider *sclVol_;
+    std::array<LevelField *, FieldCount> lblVol_{};
+    FrmFader *frmFader_ = nullptr;
+    Word takenAt_ = 0;
+    bool pausedPolling_ = false;
 };
 
 } // namespace kelvo

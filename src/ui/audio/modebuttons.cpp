@@ -1,18 +1,55 @@
 #include "ui/audio/modebuttons.h"
 
+#include "ui/controls/named.h"
+
+#include <QGridLayout>
+
 namespace kelvo {
 
-ModeButtons::ModeButtons(Settings &settings, UnitLink &link) : settings_(settings), link_(link)
+namespace {
+
+constexpr std::array<const char *, FormatCount> ModeCaption{"Mono",           "A-TYPE",        "SR-TYPE",
+                                                            "EXTERNAL 6-TRK", "Kelvo Digital", "NONSYNC"};
+constexpr int Columns = 2;
+
+} // namespace
+
+ModeButtons::ModeButtons(Settings &settings, UnitLink &link)
+    : QGroupBox("Mode:"),
+      settings_(settings),
+      link_(link)
 {
+    Named(this, "Frame1", 3);
+    auto *grid = new QGridLayout(this);
+    for (int index = 0; index < FormatCount; ++index) {
+        auto *button = Named(new StateButton(ModeCaption[std::size_t(index)]), "cmdMode", index);
+        connect(button, &QPushButton::clicked, this, [this, index] { cmdMode_Click(index); });
+        grid->addWidget(button, index / Columns, index % Columns);
+        cmdMode_[std::size_t(index)] = button;
+    }
+    ReflectModeStatus();
 }
+
+void ModeButtons::cmdMode_Click(int index)
+{
+    if (index == settings_.CurrentFormat)
+        return;
+    settings_.CurrentFormat = Word(index);
+    link_.RetryFunction(UnitOp::SelectFormat);
+    ReflectModeStatus();
+}
+
+/// While an optical stream runs the unit plays the stream's format; the buttons keep the operator's.
 void ModeButtons::ReflectModeStatus()
 {
+    for (int index = 0; index < FormatCount; ++index)
+        cmdMode_[std::size_t(index)]->SetFace(index == settings_.OperatorFormat() ? Face::Current
+                                                                                  : Face::Normal);
 }
-void ModeButtons::SetF1Caption(const QString &)
+
+void ModeButtons::SetF1Caption(const QString &caption)
 {
-}
-void ModeButtons::cmdMode_Click(int)
-{
+    cmdMode_[0]->setText(caption);
 }
 
 } // namespace kelvo

@@ -1,5 +1,7 @@
 #include "ui/audio/mutebuttons.h"
 
+#include "ui/controls/named.h"
+
 namespace kelvo {
 
 MuteButtons::MuteButtons(Settings &settings, UnitLink &link, QObject *parent)
@@ -8,19 +10,35 @@ MuteButtons::MuteButtons(Settings &settings, UnitLink &link, QObject *parent)
       link_(link)
 {
 }
-StateButton *MuteButtons::Build(const char *)
+
+StateButton *MuteButtons::Build(const char *name)
 {
-    return new StateButton("Mute");
+    StateButton *button = BuildShowing(name);
+    connect(button, &QPushButton::clicked, this, [this] { cmdMute_Click(); });
+    return button;
 }
-StateButton *MuteButtons::BuildShowing(const char *)
+
+StateButton *MuteButtons::BuildShowing(const char *name)
 {
-    return new StateButton("Mute");
+    buttons_.push_back(Named(new StateButton("Un-Mute"), name));
+    // As wide as either caption needs, so that nothing moves when the state does.
+    buttons_.back()->setMinimumWidth(buttons_.back()->sizeHint().width());
+    ReflectMuteStatus();
+    return buttons_.back();
 }
+
 void MuteButtons::cmdMute_Click()
 {
+    settings_.MuteState = settings_.MuteState == False ? True : False;
+    link_.RetryFunction(UnitOp::SetMute);
+    ReflectMuteStatus();
 }
+
 void MuteButtons::ReflectMuteStatus()
 {
+    const bool muted = settings_.MuteState != False;
+    for (StateButton *button : buttons_)
+        button->Show(muted ? "Un-Mute" : "Mute", muted ? Face::Muted : Face::Normal);
 }
 
 } // namespace kelvo
