@@ -1,28 +1,361 @@
 #include "ui/audio/equaliserpanel.h"
 
+#include "model/tables.h"
+#include "ui/audio/messages.h"
+#include "ui/controls/levelboard.h"
+#include "ui/controls/named.h"
+#include "ui/controls/taborder.h"
+#include "ui/controls/uploadbutton.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
 namespace kelvo {
 
-EqualiserPanel::EqualiserPanel(Settings &settings, UnitLink &link, EntryWindow &, MuteButtons &,
-                               MasterFader &, QWidget *)
-    : settings_(settings),
-      link_(link)
+namespace {
+
+constexpr std::array<const char *, ChannelCount> ChannelCaption{
+    "Left", "Left Surround", "Center", "Right Surround", "Right", "Subwoofer"};
+constexpr std::array<char, ChannelCount> ChannelKey{'l', 'p', 'c', 'q', 'r', 'e'};
+
+constexpr const char *NoiseOn = "Pink Noise On";
+constexpr const char *NoiseOff = "Pink Noise Off";
+
+/// Takes a slider's position into its byte. A byte beyond the slider's range is kept while the slider stands
+/// at the end that is nearest to it.
+void Store(Byte &byte, const LevelPair &pair)
 {
+    if (std::min(int(byte), pair.Slider()->maximum()) != pair.Position())
+        byte = Byte(pair.Position());
 }
+
+} // namespace
+
+EqualiserPanel::EqualiserPanel(Settings &settings, UnitLink &link, EntryWindow &entries, MuteButtons &mute,
+                               MasterFader &fader, QWidget *masterFader)
+    : settings_(settings),
+      link_(link),
+      entries_(entries),
+      mute_(mute),
+      fader_(fader),
+      masterFader_(masterFader)
+{
+    const LevelPair::Actions apply{[this](int) { ApplyChannelChange(); }, [this] { MarkAndUpload(); }};
+    frmBandA_ = new BandFrame({"frmBandA", "lblBand", "sclA"}, ThirdOctaves, entries, apply);
+    frmBandB_ = new BandFrame({"frmBandB", "lblLSRSv", "sclB"}, Octaves, entries, apply);
+    frmBass_ = new SubBassFrame(entries, apply,
+                                [this](SubwooferByte byte, int index) { optSub_Click(byte, index); });
+    gain_ = {frmBass_->Gain()};
+    bass_ = new LevelPair(ShelfRule, entries, {"lblBass", "sclBass"}, apply, this);
+    treble_ = new LevelPair(ShelfRule, entries, {"lblTreb", "sclTreb"}, apply, this);
+    JoinNeighbours(std::array{bass_, treble_});
+
+    bandArea_ = new QStackedWidget;
+    for (QWidget *frame : {static_cast<QWidget *>(frmBandA_), static_cast<QWidget *>(frmBandB_),
+                           static_cast<QWidget *>(frmBass_)})
+        bandArea_->addWidget(frame);
+
+    auto *grid = new QGridLayout(this);
+    grid->addWidget(BuildChannelButtons(), 0, 0, 1, 2);
+    grid->addWidget(bandArea_, 1, 0, 2, 1);
+    grid->addWidget(BuildTone(), 1, 1);
+    grid->addWidget(masterFader, 2, 1);
+    grid->addWidget(BuildCommands(), 3, 0, 1, 2);
+    grid->setColumnStretch(0, 1);
+    grid->setRowStretch(1, 1);
+    ChainTabs();
+    ReflectChannelButtons();
+    ShowChannelPanel();
+    LoadChannelData();
+}
+
+QWidget *EqualiserPanel::BuildChannelButtons()
+{
+    auto *row = new QWidget;
+    auto *columns = new QHBoxLayout(row);
+    columns->setContentsMargins(0, 0, 0, 0);
+    for (int channel = 0; channel < ChannelCount; ++channel) {
+        auto *button = Named(new StateButton(ChannelCaption[std::size_t(channel)]), "cmdEQChan", channel);
+        connect(button, &QPushButton::clicked, this, [this, channel] { cmdEQChan_Click(channel); });
+        columns->addWidget(button);
+        cmdEQChan_[std::size_t(channel)] = button;
+    }
+    return row;
+}
+
+QWidget *EqualiserPanel::BuildTone()
+{
+    auto *board = new LevelBoard(ShelfMarks());
+    int column = 1;
+    for (const auto &[pair, caption] : {std::pair(bass_, "Bass"), std::pair(treble_, "Treble")}) {
+        board->Add(pair->Slider(), column);
+        board->Grid()->addWidget(new QLabel(caption), LevelBoard::SliderRow - 1, column, Qt::AlignHCenter);
+        board->Grid()->addWidget(pair->Field(), LevelBoard::SliderRow + 1, column, Qt::AlignHCenter);
+        ++column;
+    }
+    board->Grid()->setHorizontalSpacing(4);
+    auto *frame = new QGroupBox("Tone");
+    (new QVBoxLayout(frame))->addWidget(board);
+    return frame;
+}
+
+QWidget *EqualiserPanel::BuildCommands()
+{
+    auto *cmdCopy = Named(new QPushButton("Copy"), "cmdCopy");
+    auto *cmdPaste = Named(new QPushButton("Paste"), "cmdPaste");
+    auto *cmdClear = Named(new QPushButton("Reset"), "cmdClear");
+    cmdPink_ = Named(new StateButton(NoiseOff), "cmdPink");
+    connect(cmdCopy, &QPushButton::clicked, this, [this] { cmdCopy_Click(); });
+    connect(cmdPaste, &QPushButton::clicked, this, [this] { cmdPaste_Click(); });
+    connect(cmdClear, &QPushButton::clicked, this, [this] { cmdClear_Click(); });
+    connect(cmdPink_, &QPushButton::clicked, this, [this] { cmdPink_Click(); });
+
+    auto *row = new QWidget;
+    auto *columns = new QHBoxLayout(row);
+    columns->setContentsMargins(0, 0, 0, 0);
+    columns->addWidget(cmdCopy);
+    columns->addWidget(cmdPaste);
+    columns->addWidget(cmdClear);
+    columns->addStretch();
+    columns->addWidget(cmdPink_);
+    columns->addWidget(mute_.Build("cmdMute"));
+    columns->addWidget(BuildUploadButton(1, link_, entries_));
+    return row;
+}
+
+void EqualiserPanel::ChainTabs()
+{
+    std::vector<QWidget *> sequence(cmdEQChan_.begin(), cmdEQChan_.end());
+    const auto add = [&sequence](const LevelPair *pair) {
+        sequence.push_back(pair->Slider());
+        sequence.push_back(pair->Field());
+    };
+    for (const BandFrame *frame : {frmBandA_, frmBandB_})
+        std::ranges::for_each(frame->Pairs(), add);
+    add(frmBass_->Gain());
+    for (QAbstractButton *option : frmBass_->findChildren<QAbstractButton *>())
+        sequence.push_back(option);
+    add(bass_);
+    add(treble_);
+    for (QWidget *control : masterFader_->findChildren<QWidget *>(Qt::FindDirectChildrenOnly))
+        sequence.push_back(control);
+    SetTabSequence(sequence);
+}
+
+// Channels
+
+/// The test signal follows the user: off on the channel that is left, on again on the one that is shown.
+void EqualiserPanel::cmdEQChan_Click(int channel)
+{
+    if (!entries_.CommitEntry())
+        return;
+    SetEQPinkNoise(false);
+    SaveChannelData();
+    currentChannel_ = channel;
+    ReflectChannelButtons();
+    ShowChannelPanel();
+    LoadChannelData();
+    if (pinkNoise_)
+        SetEQPinkNoise(true);
+}
+
+void EqualiserPanel::ReflectChannelButtons()
+{
+    for (int channel = 0; channel < ChannelCount; ++channel)
+        cmdEQChan_[std::size_t(channel)]->SetFace(channel == currentChannel_ ? Face::Current : Face::Normal);
+}
+
+void EqualiserPanel::ShowChannelPanel()
+{
+    const QString title = ChannelTitle[std::size_t(currentChannel_)];
+    switch (KindOf(currentChannel_)) {
+    case ChannelKind::Screen:
+        frmBandA_->ShowChannel(title);
+        bandArea_->setCurrentWidget(frmBandA_);
+        break;
+    case ChannelKind::Surround:
+        frmBandB_->ShowChannel(title);
+        bandArea_->setCurrentWidget(frmBandB_);
+        break;
+    case ChannelKind::Subwoofer:
+        frmBass_->ShowChannel(title);
+        bandArea_->setCurrentWidget(frmBass_);
+        break;
+    }
+    bass_->SetAccessibleName(title + ", bass, dB");
+    treble_->SetAccessibleName(title + ", treble, dB");
+}
+
+std::span<LevelPair *const> EqualiserPanel::ShownPairs() const
+{
+    switch (KindOf(currentChannel_)) {
+    case ChannelKind::Screen:
+        return frmBandA_->Pairs();
+    case ChannelKind::Surround:
+        return frmBandB_->Pairs();
+    case ChannelKind::Subwoofer:
+        return gain_;
+    }
+    return {};
+}
+
 void EqualiserPanel::SaveChannelData()
 {
+    ChannelSlice &slice = Slice();
+    const auto pairs = ShownPairs();
+    for (std::size_t i = 0; i < pairs.size(); ++i)
+        Store(slice.Band[i], *pairs[i]);
+    Store(slice.BassLevel, *bass_);
+    Store(slice.TrebleLevel, *treble_);
 }
+
 void EqualiserPanel::LoadChannelData()
 {
+    const ChannelSlice &slice = Slice();
+    switch (KindOf(currentChannel_)) {
+    case ChannelKind::Screen:
+        frmBandA_->Show(slice);
+        break;
+    case ChannelKind::Surround:
+        frmBandB_->Show(slice);
+        break;
+    case ChannelKind::Subwoofer:
+        frmBass_->Show(slice);
+        break;
+    }
+    bass_->ShowPosition(slice.BassLevel);
+    treble_->ShowPosition(slice.TrebleLevel);
 }
+
+// Changes
+
+void EqualiserPanel::ApplyChannelChange()
+{
+    if (settings_.Updating)
+        return;
+    settings_.SettingsChanged = true;
+    SaveChannelData();
+    link_.ShowSent();
+}
+
+void EqualiserPanel::MarkAndUpload()
+{
+    if (settings_.Updating)
+        return;
+    settings_.SettingsChanged = true;
+    link_.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::AfterEdit);
+}
+
+void EqualiserPanel::optSub_Click(SubwooferByte byte, int index)
+{
+    SaveChannelData();
+    Slice().Band[byte] = Byte(index);
+    MarkAndUpload();
+}
+
+void EqualiserPanel::cmdCopy_Click()
+{
+    copiedChannel_ = currentChannel_;
+}
+
+void EqualiserPanel::cmdPaste_Click()
+{
+    if (copiedChannel_ == currentChannel_ || !entries_.CommitEntry())
+        return;
+    if (copiedChannel_ == NothingCopied) {
+        Tell(this, messages::NothingToPaste);
+        return;
+    }
+    const ChannelKind kind = KindOf(currentChannel_);
+    if (kind == ChannelKind::Subwoofer || kind != KindOf(copiedChannel_)) {
+        Tell(this, messages::IncompatibleChannel);
+        return;
+    }
+    if (!Ask(this, messages::CopyChannel,
+             {ChannelTitle[std::size_t(copiedChannel_)], ChannelTitle[std::size_t(currentChannel_)]}))
+        return;
+    PasteChannelData(copiedChannel_);
+    MarkAndUpload();
+}
+
+/// The target takes what its sliders show, so a source byte beyond their range arrives as the nearest end.
+void EqualiserPanel::PasteChannelData(int source)
+{
+    const ChannelSlice from = settings_.Audio.ChannelEq[std::size_t(source)];
+    ChannelSlice &to = Slice();
+    const auto paste = [](LevelPair &pair, Byte position, Byte &into) {
+        pair.ShowPosition(position);
+        into = Byte(pair.Position());
+    };
+    const auto pairs = ShownPairs();
+    for (std::size_t i = 0; i < pairs.size(); ++i)
+        paste(*pairs[i], from.Band[i], to.Band[i]);
+    paste(*bass_, from.BassLevel, to.BassLevel);
+    paste(*treble_, from.TrebleLevel, to.TrebleLevel);
+}
+
+void EqualiserPanel::cmdClear_Click()
+{
+    if (!entries_.CommitEntry() ||
+        !Ask(this, messages::ResetChannel, {ChannelTitle[std::size_t(currentChannel_)]}))
+        return;
+    ResetChannelData(settings_, currentChannel_);
+    LoadChannelData();
+    MarkAndUpload();
+}
+
+// Test signals and shortcuts
+
+void EqualiserPanel::cmdPink_Click()
+{
+    pinkNoise_ = !pinkNoise_;
+    ReflectPinkNoise();
+    SetEQPinkNoise(pinkNoise_);
+}
+
+void EqualiserPanel::ReflectPinkNoise()
+{
+    cmdPink_->Show(pinkNoise_ ? NoiseOn : NoiseOff, pinkNoise_ ? Face::On : Face::Normal);
+}
+
+void EqualiserPanel::SetEQPinkNoise(bool on)
+{
+    link_.RetryFunction(UnitOp::SetPink, Word(currentChannel_), on ? True : False);
+}
+
 void EqualiserPanel::ShowTestSignalsOff()
 {
+    pinkNoise_ = false;
+    ReflectPinkNoise();
 }
+
 void EqualiserPanel::LeaveTab()
 {
+    // The button may show off while the noise plays: New resets the console and sends nothing.
+    const bool plays = pinkNoise_ || link_.Holds().Pink[std::size_t(currentChannel_)];
+    ShowTestSignalsOff();
+    if (plays)
+        SetEQPinkNoise(false);
 }
-bool EqualiserPanel::RunShortcut(QChar)
+
+bool EqualiserPanel::RunShortcut(QChar key)
 {
-    return false;
+    const auto channel = std::ranges::find(ChannelKey, key.toLatin1());
+    if (channel != ChannelKey.end())
+        cmdEQChan_Click(int(channel - ChannelKey.begin()));
+    else if (key == 'm')
+        mute_.cmdMute_Click();
+    else if (key == '7')
+        fader_.cmdSet7_Click();
+    else if (key == 'g')
+        cmdPink_Click();
+    else
+        return false;
+    return true;
 }
 
 } // namespace kelvo

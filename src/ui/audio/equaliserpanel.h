@@ -1,18 +1,23 @@
 #pragma once
 
 #include "model/settings.h"
+#include "ui/audio/bandframe.h"
 #include "ui/audio/masterfader.h"
 #include "ui/audio/mutebuttons.h"
+#include "ui/audio/subbassframe.h"
 #include "ui/controls/entrywindow.h"
+#include "ui/controls/statebutton.h"
 #include "unit/unitlink.h"
 
+#include <QStackedWidget>
 #include <QWidget>
 
-#include <functional>
+#include <array>
 
 namespace kelvo {
 
-/// The tab "&E.Q": one channel's bands, shelves or sub-bass equaliser at a time.
+/// The tab "&E.Q": one channel's bands, shelves or sub-bass equaliser at a time. Every change goes into the
+/// channel's record at once, so that screen, record and files agree whatever is sent.
 class EqualiserPanel : public QWidget {
     Q_OBJECT
 
@@ -36,9 +41,51 @@ class EqualiserPanel : public QWidget {
     bool RunShortcut(QChar key);
 
   private:
+    static constexpr int NothingCopied = 7;
+
+    QWidget *BuildChannelButtons();
+    QWidget *BuildTone();
+    QWidget *BuildCommands();
+    void ChainTabs();
+
+    void cmdEQChan_Click(int channel);
+    void cmdCopy_Click();
+    void cmdPaste_Click();
+    void cmdClear_Click();
+    void cmdPink_Click();
+    void optSub_Click(SubwooferByte byte, int index);
+
+    void ShowChannelPanel();
+    void ReflectChannelButtons();
+    void ReflectPinkNoise();
+    void ApplyChannelChange();
+    void MarkAndUpload();
+    void PasteChannelData(int source);
+    void SetEQPinkNoise(bool on);
+    ChannelSlice &Slice() { return settings_.Audio.ChannelEq[std::size_t(currentChannel_)]; }
+    /// The pairs of the channel's own panel; a slice's first bytes are theirs, in this order.
+    std::span<LevelPair *const> ShownPairs() const;
+
     Settings &settings_;
     UnitLink &link_;
+    EntryWindow &entries_;
+    MuteButtons &mute_;
+    MasterFader &fader_;
+    QWidget *masterFader_;
+
+    std::array<StateButton *, ChannelCount> cmdEQChan_{};
+    QStackedWidget *bandArea_;
+    BandFrame *frmBandA_;
+    BandFrame *frmBandB_;
+    SubBassFrame *frmBass_;
+    std::array<LevelPair *, 1> gain_{};
+    LevelPair *bass_;
+    LevelPair *treble_;
+    StateButton *cmdPink_;
+
     int currentChannel_ = Left;
+    int copiedChannel_ = NothingCopied;
+    bool pinkNoise_ = false;
 };
 
 } // namespace kelvo

@@ -1,23 +1,196 @@
 #include "ui/audio/outputtrimpanel.h"
 
+#include "model/tables.h"
+#include "ui/controls/levelboard.h"
+#include "ui/controls/named.h"
+#include "ui/controls/taborder.h"
+#include "ui/controls/uploadbutton.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
 namespace kelvo {
 
-OutputTrimPanel::OutputTrimPanel(Settings &settings, UnitLink &link, EntryWindow &, MuteButtons &, QWidget *)
-    : settings_(settings),
-      link_(link)
+namespace {
+
+enum Row { NameRow = LevelBoard::SliderRow - 1, FieldRow = LevelBoard::SliderRow + 1, NoiseRow, PhaseRow };
+
+/// "Left Surround Channel" over its slider, where "Channel" goes without saying.
+QString ShortTitle(int channel)
 {
+    return QString(ChannelTitle[std::size_t(channel)]).remove(" Channel");
 }
+
+} // namespace
+
+OutputTrimPanel::OutputTrimPanel(Settings &settings, UnitLink &link, EntryWindow &entries, MuteButtons &mute,
+                                 QWidget *masterFader)
+    : settings_(settings),
+      link_(link),
+      entries_(entries),
+      mute_(mute)
+{
+    auto *columns = new QHBoxLayout(this);
+    columns->addWidget(BuildChannels(), 1);
+    columns->addWidget(BuildCommands(masterFader));
+    std::vector<QWidget *> sequence;
+    for (const ChannelColumn &column : columns_) {
+        sequence.push_back(column.trim->Slider());
+        sequence.push_back(column.trim->Field());
+    }
+    for (const ChannelColumn &column : columns_)
+        sequence.push_back(column.cmdPN);
+    for (const ChannelColumn &column : columns_)
+        sequence.push_back(column.cmdPhase);
+    SetTabSequence(sequence);
+    ShowTestSignalsOff();
+    Show();
+}
+
+QWidget *OutputTrimPanel::BuildChannels()
+{
+    auto *board = new LevelBoard(HalfDecibelMarks());
+    board->Grid()->setHorizontalSpacing(6);
+    board->Grid()->setVerticalSpacing(6);
+    board->Grid()->addWidget(new QLabel("Pink Noise"), NoiseRow, 0);
+    board->Grid()->addWidget(new QLabel("Phase"), PhaseRow, 0);
+    std::array<LevelPair *, ChannelCount> trims{};
+    for (int channel = 0; channel < ChannelCount; ++channel) {
+        BuildColumn(channel, *board);
+        trims[std::size_t(channel)] = Column(channel).trim;
+    }
+    JoinNeighbours(trims);
+    auto *frame = new QGroupBox("Output Trim");
+    (new QVBoxLayout(frame))->addWidget(board);
+    return frame;
+}
+
+void OutputTrimPanel::BuildColumn(int channel, LevelBoard &board)
+{
+    const QString title = ShortTitle(channel);
+    auto *trim = new LevelPair(HalfDecibelRule, entries_, {"lblPNG", "sclPNG", channel},
+                               {[this, channel](int) { StoreTrim(channel); }, [this] { Upload(); }}, this);
+    trim->SetAccessibleName(title + ", output trim, dB");
+    auto *cmdPN = Named(new StateButton("Off"), "cmdPN", channel);
+    cmdPN->setAccessibleName(title + ", pink noise");
+    auto *cmdPhase = Named(new StateButton("In Phase"), "cmdPhase", channel);
+    cmdPhase->setAccessibleName(title + ", phase");
+    connect(cmdPN, &QPushButton::clicked, this, [this, channel] { cmdPN_Click(channel); });
+    connect(cmdPhase, &QPushButton::clicked, this, [this, channel] { cmdPhase_Click(channel); });
+
+    const int column = channel + 1;
+    board.Add(trim->Slider(), column);
+    board.Grid()->addWidget(new QLabel(title), NameRow, column, Qt::AlignHCenter);
+    board.Grid()->addWidget(trim->Field(), FieldRow, column, Qt::AlignHCenter);
+    board.Grid()->addWidget(cmdPN, NoiseRow, column);
+    board.Grid()->addWidget(cmdPhase, PhaseRow, column);
+    Column(channel) = {trim, cmdPN, cmdPhase};
+}
+
+QWidget *OutputTrimPanel::BuildCommands(QWidget *masterFader)
+{
+    auto *cmdReset = Named(new QPushButton("Reset Trims"), "cmdReset");
+    connect(cmdReset, &QPushButton::clicked, this, [this] { cmdReset_Click(); });
+    auto *side = new QWidget;
+    auto *rows = new QVBoxLayout(side);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(masterFader);
+    rows->addStretch();
+    rows->addWidget(cmdReset);
+    rows->addWidget(mute_.Build("cmdMute2"));
+    rows->addWidget(BuildUploadButton(0, link_, entries_));
+    return side;
+}
+
 void OutputTrimPanel::Show()
 {
+    for (int channel = 0; channel < ChannelCount; ++channel)
+        Column(channel).trim->ShowPosition(settings_.Audio.ChannelTrim[std::size_t(channel)]);
 }
-void OutputTrimPanel::ShowTestSignalsOff()
+
+void OutputTrimPanel::StoreTrim(int channel)
 {
+    if (settings_.Updating)
+        return;
+    settings_.Audio.ChannelTrim[std::size_t(channel)] = Byte(Column(channel).trim->Position());
+    settings_.SettingsChanged = true;
+    link_.ShowSent();
 }
+
+void OutputTrimPanel::Upload()
+{
+    link_.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::AfterEdit);
+}
+
+void OutputTrimPanel::cmdReset_Click()
+{
+    settings_.Audio.ChannelTrim.fill(FlatHalfDecibel);
+    settings_.SettingsChanged = true;
+    Show();
+    Upload();
+}
+
+// Test signals
+
+void OutputTrimPanel::cmdPN_Click(int channel)
+{
+    const bool on = !Column(channel).noise;
+    // A noise on a muted unit would stay unheard and puzzle whoever listens for it.
+    if (on && settings_.MuteState != False)
+        mute_.cmdMute_Click();
+    ReflectNoise(channel, on);
+    link_.RetryFunction(UnitOp::SetPink, Word(channel), on ? True : False);
+}
+
+void OutputTrimPanel::cmdPhase_Click(int channel)
+{
+    const bool inverted = !Column(channel).inverted;
+    ReflectPhase(channel, inverted);
+    link_.RetryFunction(UnitOp::SetPhase, Word(channel), inverted ? True : False);
+}
+
+void OutputTrimPanel::ReflectNoise(int channel, bool on)
+{
+    Column(channel).noise = on;
+    Column(channel).cmdPN->Show(on ? "On" : "Off", on ? Face::On : Face::Normal);
+}
+
+void OutputTrimPanel::ReflectPhase(int channel, bool inverted)
+{
+    Column(channel).inverted = inverted;
+    Column(channel).cmdPhase->Show(inverted ? "Inverted" : "In Phase", inverted ? Face::On : Face::Normal);
+}
+
 void OutputTrimPanel::ShowNoiseOff()
 {
+    for (int channel = 0; channel < ChannelCount; ++channel)
+        ReflectNoise(channel, false);
 }
+
+void OutputTrimPanel::ShowTestSignalsOff()
+{
+    ShowNoiseOff();
+    for (int channel = 0; channel < ChannelCount; ++channel)
+        ReflectPhase(channel, false);
+}
+
+/// What the buttons show and what the unit was last told may differ: New resets the console, sends nothing.
 void OutputTrimPanel::LeaveTab()
 {
+    for (int channel = 0; channel < ChannelCount; ++channel) {
+        const bool plays = Column(channel).noise || link_.Holds().Pink[std::size_t(channel)];
+        ReflectNoise(channel, false);
+        if (plays)
+            link_.RetryFunction(UnitOp::SetPink, Word(channel), False);
+    }
+    for (int channel = 0; channel < ChannelCount; ++channel) {
+        const bool inverted = Column(channel).inverted || link_.Holds().Inverted[std::size_t(channel)];
+        ReflectPhase(channel, false);
+        if (inverted)
+            link_.RetryFunction(UnitOp::SetPhase, Word(channel), False);
+    }
 }
 
 } // namespace kelvo

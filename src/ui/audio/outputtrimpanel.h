@@ -3,9 +3,13 @@
 #include "model/settings.h"
 #include "ui/audio/mutebuttons.h"
 #include "ui/controls/entrywindow.h"
+#include "ui/controls/levelpair.h"
+#include "ui/controls/statebutton.h"
 #include "unit/unitlink.h"
 
 #include <QWidget>
+
+#include <array>
 
 namespace kelvo {
 
@@ -28,8 +32,32 @@ class OutputTrimPanel : public QWidget {
     void LeaveTab();
 
   private:
+    struct ChannelColumn {
+        LevelPair *trim;
+        StateButton *cmdPN;
+        StateButton *cmdPhase;
+        bool noise = false;
+        bool inverted = false;
+    };
+
+    QWidget *BuildChannels();
+    void BuildColumn(int channel, class LevelBoard &board);
+    QWidget *BuildCommands(QWidget *masterFader);
+
+    void cmdPN_Click(int channel);
+    void cmdPhase_Click(int channel);
+    void cmdReset_Click();
+    void StoreTrim(int channel);
+    void Upload();
+    void ReflectNoise(int channel, bool on);
+    void ReflectPhase(int channel, bool inverted);
+    ChannelColumn &Column(int channel) { return columns_[std::size_t(channel)]; }
+
     Settings &settings_;
     UnitLink &link_;
+    EntryWindow &entries_;
+    MuteButtons &mute_;
+    std::array<ChannelColumn, ChannelCount> columns_{};
 };
 
 } // namespace kelvo

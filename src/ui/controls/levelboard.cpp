@@ -26,7 +26,7 @@ LevelBoard::LevelBoard(std::vector<LevelMark> marks) : marks_(std::move(marks)),
     grid_->setContentsMargins(0, 0, 0, 0);
     grid_->setHorizontalSpacing(0);
     grid_->setVerticalSpacing(3);
-    grid_->setRowStretch(0, 1);
+    grid_->setRowStretch(SliderRow, 1);
     FitMarks();
 }
 
@@ -40,7 +40,7 @@ void LevelBoard::FitMarks()
 
 void LevelBoard::Add(LevelSlider *slider, int column, int columns)
 {
-    grid_->addWidget(slider, 0, column, 1, columns);
+    grid_->addWidget(slider, SliderRow, column, 1, columns);
     for (int i = column; i < column + columns; ++i)
         grid_->setColumnStretch(i, 1);
     sliders_.push_back(slider);
@@ -85,7 +85,7 @@ void LevelBoard::paintEvent(QPaintEvent *)
 void LevelBoard::DrawScale(QPainter &painter) const
 {
     const LevelSlider &first = *sliders_.front();
-    const int left = grid_->columnMinimumWidth(0);
+    const int left = grid_->cellRect(SliderRow, 0).right() + 1;
     const int right = sliders_.back()->geometry().right();
     const int textHeight = fontMetrics().height();
     const QColor ink = palette().color(QPalette::WindowText);

@@ -24,8 +24,10 @@ class LevelBoard : public QWidget {
   public:
     explicit LevelBoard(std::vector<LevelMark> marks);
 
-    /// The slider stands in row 0 from grid column 1 on; the owner fills the rows below.
-    /// Column 0 is kept for the marks.
+    /// The grid row of the sliders, the one that grows. The owner may fill the rows above and below.
+    static constexpr int SliderRow = 1;
+
+    /// Sliders come from left to right, from grid column 1 on; column 0 shows the marks.
     void Add(LevelSlider *slider, int column, int columns = 1);
     QGridLayout *Grid() const { return grid_; }
     void DrawCurve();

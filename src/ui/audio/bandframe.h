@@ -1,0 +1,43 @@
+#pragma once
+
+#include "model/records.h"
+#include "ui/controls/levelpair.h"
+
+#include <QGroupBox>
+
+#include <span>
+#include <vector>
+
+namespace kelvo {
+
+/// A graphic equaliser: one pair a band side by side, the frequencies under them, the curve behind.
+/// `frmBandA` has 27 bands, `frmBandB` nine; its title is the name of the channel it shows.
+class BandFrame : public QGroupBox {
+    Q_OBJECT
+
+  public:
+    struct Names {
+        const char *frame;
+        const char *field;
+        const char *slider;
+    };
+
+    /// `frequencies` are the bands' full names, "1.25 kHz".
+    BandFrame(const Names &names, std::span<const char *const> frequencies, EntryWindow &entries,
+              const LevelPair::Actions &actions);
+
+    std::span<LevelPair *const> Pairs() const { return pairs_; }
+    void ShowChannel(const QString &channel);
+    void Show(const ChannelSlice &slice);
+
+  private:
+    void AddBand(LevelPair *pair, const QString &frequency, class LevelBoard &board);
+
+    std::span<const char *const> frequencies_;
+    std::vector<LevelPair *> pairs_;
+};
+
+extern const std::span<const char *const> ThirdOctaves; ///< of `frmBandA`
+extern const std::span<const char *const> Octaves;      ///< of `frmBandB`
+
+} // namespace kelvo

@@ -1,0 +1,81 @@
+#include "ui/audio/subbassframe.h"
+
+#include "ui/controls/levelboard.h"
+#include "ui/controls/named.h"
+
+#include <QHBoxLayout>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include <array>
+
+namespace kelvo {
+
+namespace {
+
+constexpr std::array<const char *, 7> FrequencyNames{"25 Hz", "31.5 Hz", "40 Hz", "50 Hz",
+                                                     "63 Hz", "80 Hz",   "100 Hz"};
+constexpr std::array<const char *, 3> WidthNames{"1/3 octave", "2/3 octave", "1 octave"};
+
+/// The chosen button of a group, or none of them.
+void ShowChoice(QButtonGroup &group, int index)
+{
+    group.setExclusive(false);
+    for (QAbstractButton *button : group.buttons())
+        button->setChecked(group.id(button) == index);
+    group.setExclusive(true);
+}
+
+} // namespace
+
+SubBassFrame::SubBassFrame(EntryWindow &entries, LevelPair::Actions gain,
+                           std::function<void(SubwooferByte byte, int index)> choose)
+    : choose_(std::move(choose)),
+      gain_(new LevelPair(HalfDecibelRule, entries, {"lblGain", "sclGain"}, std::move(gain), this))
+{
+    setObjectName("frmBass");
+    auto *board = new LevelBoard(HalfDecibelMarks());
+    board->Add(gain_->Slider(), 1);
+    board->Grid()->addWidget(gain_->Field(), LevelBoard::SliderRow + 1, 1, Qt::AlignHCenter);
+    auto *gainFrame = new QGroupBox("Gain");
+    (new QVBoxLayout(gainFrame))->addWidget(board);
+
+    auto *columns = new QHBoxLayout(this);
+    columns->addWidget(gainFrame);
+    columns->addWidget(BuildOptions("optSPB", "Centre Frequency", FrequencyNames, SubFreq, optSPB_));
+    columns->addWidget(BuildOptions("optBand", "Bandwidth", WidthNames, SubWidth, optBand_));
+    columns->addStretch();
+}
+
+QGroupBox *SubBassFrame::BuildOptions(const char *name, const QString &title,
+                                      std::span<const char *const> captions, SubwooferByte byte,
+                                      QButtonGroup *&group)
+{
+    auto *frame = new QGroupBox(title);
+    auto *rows = new QVBoxLayout(frame);
+    group = new QButtonGroup(this);
+    for (std::size_t i = 0; i < captions.size(); ++i) {
+        auto *option = Named(new QRadioButton(captions[i]), name, int(i));
+        option->setAccessibleName(title + ", " + captions[i]);
+        group->addButton(option, int(i));
+        rows->addWidget(option);
+    }
+    rows->addStretch();
+    connect(group, &QButtonGroup::idClicked, this, [this, byte](int index) { choose_(byte, index); });
+    return frame;
+}
+
+void SubBassFrame::ShowChannel(const QString &channel)
+{
+    setTitle(channel);
+    gain_->SetAccessibleName(channel + ", gain, dB");
+}
+
+void SubBassFrame::Show(const ChannelSlice &slice)
+{
+    ShowChoice(*optBand_, slice.Band[SubWidth]);
+    ShowChoice(*optSPB_, slice.Band[SubFreq]);
+    gain_->ShowPosition(slice.Band[SubGain]);
+}
+
+} // namespace kelvo
