@@ -28,6 +28,12 @@ QString ShortName(QString frequency)
     return frequency.replace(" kHz", "k").remove(" Hz");
 }
 
+QFont Smaller(QFont font)
+{
+    font.setPointSizeF(font.pointSizeF() - 1);
+    return font;
+}
+
 } // namespace
 
 const std::span<const char *const> ThirdOctaves{ThirdOctaveNames};
@@ -60,6 +66,8 @@ void BandFrame::AddBand(LevelPair *pair, const QString &frequency, LevelBoard &b
     const int column = 1 + 2 * band;
     const int row = LevelBoard::SliderRow + 1 + (staggered ? 2 * (band % 2) : 0);
     auto *label = new QLabel(staggered ? ShortName(frequency) : frequency);
+    if (staggered)
+        label->setFont(Smaller(label->font()));
     board.Add(pair->Slider(), column + 1, 2);
     board.Grid()->setColumnStretch(column, 1);
     board.Grid()->setColumnStretch(column + 3, 1);

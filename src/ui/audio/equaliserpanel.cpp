@@ -60,6 +60,7 @@ EqualiserPanel::EqualiserPanel(Settings &settings, UnitLink &link, EntryWindow &
         bandArea_->addWidget(frame);
 
     auto *grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
     grid->addWidget(BuildChannelButtons(), 0, 0, 1, 2);
     grid->addWidget(bandArea_, 1, 0, 2, 1);
     grid->addWidget(BuildTone(), 1, 1);
@@ -345,6 +346,9 @@ void EqualiserPanel::LeaveTab()
 bool EqualiserPanel::RunShortcut(QChar key)
 {
     const auto channel = std::ranges::find(ChannelKey, key.toLatin1());
+    // A level still being typed belongs to what was shown when it was begun.
+    if (!entries_.CommitEntry())
+        return true;
     if (channel != ChannelKey.end())
         cmdEQChan_Click(int(channel - ChannelKey.begin()));
     else if (key == 'm')

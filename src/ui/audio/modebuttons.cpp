@@ -24,6 +24,8 @@ ModeButtons::ModeButtons(Settings &settings, UnitLink &link)
     for (int index = 0; index < FormatCount; ++index) {
         auto *button = Named(new StateButton(ModeCaption[std::size_t(index)]), "cmdMode", index);
         connect(button, &QPushButton::clicked, this, [this, index] { cmdMode_Click(index); });
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+        button->setMaximumHeight(3 * button->sizeHint().height());
         grid->addWidget(button, index / Columns, index % Columns);
         cmdMode_[std::size_t(index)] = button;
     }

@@ -17,10 +17,21 @@ namespace {
 
 enum Row { NameRow = LevelBoard::SliderRow - 1, FieldRow = LevelBoard::SliderRow + 1, NoiseRow, PhaseRow };
 
-/// "Left Surround Channel" over its slider, where "Channel" goes without saying.
+/// Over the sliders "Channel" goes without saying.
 QString ShortTitle(int channel)
 {
     return QString(ChannelTitle[std::size_t(channel)]).remove(" Channel");
+}
+
+/// Six columns stand side by side in the smallest window: a toggle there is as narrow as its widest caption
+/// lets it be.
+StateButton *NarrowToggle(const QString &widestCaption)
+{
+    auto *button = new StateButton(widestCaption);
+    QFont bold = button->font();
+    bold.setBold(true);
+    button->setMinimumWidth(QFontMetrics(bold).horizontalAdvance(widestCaption) + 12);
+    return button;
 }
 
 } // namespace
@@ -33,6 +44,7 @@ OutputTrimPanel::OutputTrimPanel(Settings &settings, UnitLink &link, EntryWindow
       mute_(mute)
 {
     auto *columns = new QHBoxLayout(this);
+    columns->setContentsMargins(0, 0, 0, 0);
     columns->addWidget(BuildChannels(), 1);
     columns->addWidget(BuildCommands(masterFader));
     std::vector<QWidget *> sequence;
@@ -54,7 +66,7 @@ QWidget *OutputTrimPanel::BuildChannels()
     auto *board = new LevelBoard(HalfDecibelMarks());
     board->Grid()->setHorizontalSpacing(6);
     board->Grid()->setVerticalSpacing(6);
-    board->Grid()->addWidget(new QLabel("Pink Noise"), NoiseRow, 0);
+    board->Grid()->addWidget(new QLabel("Noise"), NoiseRow, 0);
     board->Grid()->addWidget(new QLabel("Phase"), PhaseRow, 0);
     std::array<LevelPair *, ChannelCount> trims{};
     for (int channel = 0; channel < ChannelCount; ++channel) {
@@ -73,16 +85,18 @@ void OutputTrimPanel::BuildColumn(int channel, LevelBoard &board)
     auto *trim = new LevelPair(HalfDecibelRule, entries_, {"lblPNG", "sclPNG", channel},
                                {[this, channel](int) { StoreTrim(channel); }, [this] { Upload(); }}, this);
     trim->SetAccessibleName(title + ", output trim, dB");
-    auto *cmdPN = Named(new StateButton("Off"), "cmdPN", channel);
+    auto *cmdPN = Named(NarrowToggle("Off"), "cmdPN", channel);
     cmdPN->setAccessibleName(title + ", pink noise");
-    auto *cmdPhase = Named(new StateButton("In Phase"), "cmdPhase", channel);
+    auto *cmdPhase = Named(NarrowToggle("Inverted"), "cmdPhase", channel);
     cmdPhase->setAccessibleName(title + ", phase");
     connect(cmdPN, &QPushButton::clicked, this, [this, channel] { cmdPN_Click(channel); });
     connect(cmdPhase, &QPushButton::clicked, this, [this, channel] { cmdPhase_Click(channel); });
 
     const int column = channel + 1;
     board.Add(trim->Slider(), column);
-    board.Grid()->addWidget(new QLabel(title), NameRow, column, Qt::AlignHCenter);
+    auto *name = new QLabel(QString(title).replace(' ', '\n'));
+    name->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+    board.Grid()->addWidget(name, NameRow, column);
     board.Grid()->addWidget(trim->Field(), FieldRow, column, Qt::AlignHCenter);
     board.Grid()->addWidget(cmdPN, NoiseRow, column);
     board.Grid()->addWidget(cmdPhase, PhaseRow, column);

@@ -41,10 +41,9 @@ SubBassFrame::SubBassFrame(EntryWindow &entries, LevelPair::Actions gain,
     (new QVBoxLayout(gainFrame))->addWidget(board);
 
     auto *columns = new QHBoxLayout(this);
-    columns->addWidget(gainFrame);
-    columns->addWidget(BuildOptions("optSPB", "Centre Frequency", FrequencyNames, SubFreq, optSPB_));
-    columns->addWidget(BuildOptions("optBand", "Bandwidth", WidthNames, SubWidth, optBand_));
-    columns->addStretch();
+    columns->addWidget(gainFrame, 1);
+    columns->addWidget(BuildOptions("optSPB", "Centre Frequency", FrequencyNames, SubFreq, optSPB_), 1);
+    columns->addWidget(BuildOptions("optBand", "Bandwidth", WidthNames, SubWidth, optBand_), 1);
 }
 
 QGroupBox *SubBassFrame::BuildOptions(const char *name, const QString &title,

@@ -104,15 +104,27 @@ void LevelBoard::DrawScale(QPainter &painter) const
     }
 }
 
-/// A picture of the positions, not a computed response: it only has to be smooth and to meet each thumb.
+/// A picture of the positions, not a computed response: smooth, through each thumb, and never beyond a peak.
 void LevelBoard::DrawCurve(QPainter &painter) const
 {
-    QPainterPath curve(ThumbOf(*sliders_.front()));
-    for (std::size_t i = 1; i < sliders_.size(); ++i) {
-        const QPointF from = ThumbOf(*sliders_[i - 1]);
-        const QPointF to = ThumbOf(*sliders_[i]);
-        const double middle = (from.x() + to.x()) / 2;
-        curve.cubicTo(middle, from.y(), middle, to.y(), to.x(), to.y());
+    std::vector<QPointF> thumbs;
+    for (const LevelSlider *slider : sliders_)
+        thumbs.emplace_back(ThumbOf(*slider));
+    const auto slopeAfter = [&thumbs](std::size_t i) {
+        return (thumbs[i + 1].y() - thumbs[i].y()) / (thumbs[i + 1].x() - thumbs[i].x());
+    };
+    std::vector<double> slopes(thumbs.size(), 0.0);
+    for (std::size_t i = 1; i + 1 < thumbs.size(); ++i) {
+        const double before = slopeAfter(i - 1);
+        const double after = slopeAfter(i);
+        if (before * after > 0)
+            slopes[i] = 2 * before * after / (before + after);
+    }
+    QPainterPath curve(thumbs.front());
+    for (std::size_t i = 1; i < thumbs.size(); ++i) {
+        const double third = (thumbs[i].x() - thumbs[i - 1].x()) / 3;
+        curve.cubicTo(thumbs[i - 1] + QPointF(third, third * slopes[i - 1]),
+                      thumbs[i] - QPointF(third, third * slopes[i]), thumbs[i]);
     }
     painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
     painter.drawPath(curve);

@@ -12,14 +12,9 @@
 #include <QTabWidget>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace kelvo {
-
-namespace {
-
-/// The widest text of any level; all fields share its width.
-constexpr const char *WidestText = "-10.0";
-
-} // namespace
 
 LevelField::LevelField(const LevelRule &rule, EntryWindow &entries, Take take)
     : rule_(rule),
@@ -176,13 +171,18 @@ bool LevelField::SwitchesTab(QObject *receiver, QEvent *event) const
     }
 }
 
+/// All fields of a rule share the width of its widest text.
 QSize LevelField::sizeHint() const
 {
     QStyleOptionFrame option;
     initStyleOption(&option);
-    const int margins = 2 * option.lineWidth + 6;
-    return {fontMetrics().horizontalAdvance(QLatin1String(WidestText)) + margins,
-            QLineEdit::sizeHint().height()};
+    int width = 0;
+    for (const int steps : {rule_.lowest, rule_.highest}) {
+        const QString text = QString::fromStdString(rule_.TextOf(steps));
+        width = std::max(width, fontMetrics().horizontalAdvance(text));
+    }
+    constexpr int InsideMargins = 5;
+    return {width + 2 * option.lineWidth + InsideMargins, QLineEdit::sizeHint().height()};
 }
 
 QSize LevelField::minimumSizeHint() const

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int WheelNotch = 120; ///< eighths of a degree
 constexpr int GrooveWidth = 4;
-constexpr int SliderWidth = 20;
+constexpr int SliderWidth = 16;
 constexpr int ShortestSlider = 70;
 
 struct KeyStep {
@@ -253,7 +253,7 @@ void LevelSlider::paintEvent(QPaintEvent *)
     const QRect thumb = ThumbAt(value());
     const int left = thumb.center().x() - GrooveWidth / 2;
     const auto stretch = [this, left](int from, int to) {
-        const auto [top, bottom] = std::minmax(CentreOf(from), CentreOf(to));
+        const auto [top, bottom] = std::minmax({CentreOf(from), CentreOf(to)});
         return QRectF(left + 0.5, top, GrooveWidth, bottom - top);
     };
     painter.setPen(palette().color(QPalette::Dark));

@@ -1,5 +1,6 @@
 #include "ui/dialogs/frmfader.h"
 
+#include "ui/controls/levelboard.h"
 #include "ui/controls/named.h"
 
 #include <QCloseEvent>
@@ -28,10 +29,13 @@ FrmFader::FrmFader(QWidget *parent, LevelField::Take take)
     setWindowTitle("Fader:");
     sclVol_->setAccessibleName("Fader");
     lblVol_->setAccessibleName("Fader");
+    auto *board = new LevelBoard(FaderMarks());
+    board->Add(sclVol_, 1);
     auto *rows = new QVBoxLayout(this);
+    rows->setContentsMargins(6, 9, 6, 9);
     // The slider's height follows the window's, never the other way round.
     rows->setSizeConstraint(QLayout::SetNoConstraint);
-    rows->addWidget(sclVol_, 0, Qt::AlignHCenter);
+    rows->addWidget(board);
     rows->addStretch();
     rows->addWidget(lblVol_, 0, Qt::AlignHCenter);
     setFixedWidth(DialogWidth);
