@@ -75,7 +75,9 @@ QWidget *OutputTrimPanel::BuildChannels()
     }
     JoinNeighbours(trims);
     auto *frame = new QGroupBox("Output Trim");
-    (new QVBoxLayout(frame))->addWidget(board);
+    auto *rows = new QVBoxLayout(frame);
+    rows->setContentsMargins(6, 6, 6, 6);
+    rows->addWidget(board);
     return frame;
 }
 
