@@ -27,9 +27,11 @@ allow model
 allow files model
 allow unit files model
 allow ui/controls $core
-for panel in ui/dialogs ui/audio ui/optical ui/help; do
+for panel in ui/dialogs ui/optical ui/help; do
     [ ! -d "$root/$panel" ] || allow $panel $below
 done
+# The fader dialog is one of the master fader's places.
+allow ui/audio $below ui/dialogs
 allow ui/main $below ui/dialogs ui/audio ui/optical ui/help
 
 for folder in $core; do

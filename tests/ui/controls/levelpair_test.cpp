@@ -177,7 +177,7 @@ class LevelPairTest : public QObject {
     void valueSetByCodeFromOutsideIsAChange();
     void shownPositionIsQuiet();
     void fieldBeingTypedInIsNotRewritten();
-    void fieldsShareOneWidth();
+    void fieldsOfOneRuleShareOneWidth();
     void hostileTextsAreRefusedOrDropped();
 };
 
@@ -740,11 +740,13 @@ void LevelPairTest::fieldBeingTypedInIsNotRewritten()
     QCOMPARE(window.gain->Field()->text(), "6.0");
 }
 
-void LevelPairTest::fieldsShareOneWidth()
+void LevelPairTest::fieldsOfOneRuleShareOneWidth()
 {
     Window window;
-    QCOMPARE(window.bass->Field()->width(), window.gain->Field()->width());
-    QVERIFY(window.gain->Field()->width() > window.fontMetrics().horizontalAdvance("-10.0"));
+    QCOMPARE(window.bass->Field()->width(), window.treble->Field()->width());
+    QCOMPARE(window.bands[0]->Field()->width(), window.gain->Field()->width());
+    QVERIFY(window.gain->Field()->width() > window.fontMetrics().horizontalAdvance("-6.0"));
+    QVERIFY(window.bass->Field()->width() > window.fontMetrics().horizontalAdvance("-10"));
     const int before = window.gain->Field()->width();
     window.gain->ShowPosition(24);
     QCoreApplication::processEvents();
