@@ -2,8 +2,10 @@
 
 #include <doctest/doctest.h>
 
+#include <clocale>
 #include <cstdlib>
 #include <ctime>
+#include <string>
 
 using namespace kelvo;
 
@@ -41,3 +43,27 @@ TEST_CASE("a pause ends when the time of day goes back before its start")
     clock.Pause(std::chrono::hours(1));
     CHECK(std::chrono::steady_clock::now() - start < std::chrono::minutes(1));
 }
+
+#ifndef _WIN32
+
+TEST_CASE("the time text is the locale's own without its seconds; the program's locale stays as it is")
+{
+    const char *before = std::getenv("LC_ALL");
+    const std::string kept = before ? before : "";
+    setenv("LC_ALL", "C", 1);
+    SystemClock clock;
+    using namespace std::chrono;
+    const local_days day(year(2024) / 3 / 14);
+    CHECK(clock.TimeText(day + hours(21) + minutes(4) + seconds(33)) == "21:04");
+    CHECK(clock.TimeText(day + hours(4) + minutes(4) + seconds(4)) == "04:04");
+    CHECK(clock.TimeText(day) == "00:00");
+    setenv("LC_ALL", "no such locale", 1);
+    CHECK(clock.TimeText(day + hours(21) + minutes(4)) == "21:04");
+    CHECK(std::string(std::setlocale(LC_ALL, nullptr)) == "C");
+    if (before)
+        setenv("LC_ALL", kept.c_str(), 1);
+    else
+        unsetenv("LC_ALL");
+}
+
+#endif
