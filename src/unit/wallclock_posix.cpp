@@ -10,10 +10,10 @@ namespace {
 /// The user's own way to write a time; the program's global locale stays as it is.
 class TimeLocale {
   public:
-    TimeLocale() : locale_(newlocale(LC_TIME_MASK, "", locale_t(0)))
+    TimeLocale() : locale_(newlocale(LC_TIME_MASK, "", locale_t{}))
     {
         if (!locale_)
-            locale_ = newlocale(LC_TIME_MASK, "C", locale_t(0));
+            locale_ = newlocale(LC_TIME_MASK, "C", locale_t{});
     }
     ~TimeLocale() { freelocale(locale_); }
     TimeLocale(const TimeLocale &) = delete;
