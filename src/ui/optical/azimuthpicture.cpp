@@ -16,39 +16,9 @@ constexpr QRgb White = 0xffffffff;
 constexpr QRgb Black = 0xff000000;
 constexpr QRgb Blue = 0xff0000ff;
 
-} // namespace
+using Pair = std::array<Byte, 2>;
 
-void DrawAzimuthConvert(Word &value)
-{
-    constexpr int Furthest = 127;
-    const int reading = value >= 128 ? value - 256 : value;
-    const int clamped = std::clamp(reading, -Furthest, Furthest);
-    value = Word(2 * std::lrint(clamped / 2.0)); // a half goes to the even neighbour
-}
-
-AzimuthPicture::AzimuthPicture() : image_(Side, Side, QImage::Format_RGB32)
-{
-    Clear();
-}
-
-void AzimuthPicture::Clear()
-{
-    image_.fill(White);
-}
-
-void AzimuthPicture::DrawAzimuth(const AzimuthHistory &history, Word current, Word next)
-{
-    DrawCrossHair();
-    for (int pair = 0; pair < AzimuthPairs; ++pair) {
-        const Position newest = PositionOf(history.Row(current, pair));
-        const Position oldest = PositionOf(history.Row(next, pair));
-        if (!StandsInAnotherLine(history, oldest, next))
-            DrawPoint(oldest, White);
-        DrawPoint(newest, Blue);
-    }
-}
-
-AzimuthPicture::Position AzimuthPicture::PositionOf(const std::array<Byte, 2> &pair)
+QPoint PositionOf(const Pair &pair)
 {
     Word across = pair[0];
     Word up = pair[1];
@@ -57,7 +27,7 @@ AzimuthPicture::Position AzimuthPicture::PositionOf(const std::array<Byte, 2> &p
     return {Centre + across, Centre - up};
 }
 
-bool AzimuthPicture::StandsInAnotherLine(const AzimuthHistory &history, Position position, int exceptLine)
+bool StandsInAnotherLine(const AzimuthHistory &history, QPoint position, int exceptLine)
 {
     for (int line = 0; line < AzimuthLines; ++line) {
         if (line == exceptLine)
@@ -70,27 +40,106 @@ bool AzimuthPicture::StandsInAnotherLine(const AzimuthHistory &history, Position
     return false;
 }
 
-void AzimuthPicture::DrawCrossHair()
+AzimuthBox PointAt(QPoint position, QRgb colour)
 {
-    auto *middle = reinterpret_cast<QRgb *>(image_.scanLine(Centre));
-    for (int unit = 0; unit < Side; ++unit) {
-        if (unit % DashPeriod >= DashOn)
-            continue;
-        middle[unit] = Black;
-        reinterpret_cast<QRgb *>(image_.scanLine(unit))[Centre] = Black;
+    const QRect point(position - QPoint(PointWidth / 2, PointWidth / 2), QSize(PointWidth, PointWidth));
+    return {point & QRect(0, 0, AzimuthSide, AzimuthSide), colour};
+}
+
+void DrawCrossHair(std::vector<AzimuthBox> &boxes)
+{
+    for (int dash = 0; dash < AzimuthSide; dash += DashPeriod) {
+        const int length = std::min(DashOn, AzimuthSide - dash);
+        boxes.push_back({QRect(Centre, dash, 1, length), Black});
+        boxes.push_back({QRect(dash, Centre, length, 1), Black});
     }
 }
 
-void AzimuthPicture::DrawPoint(Position position, QRgb colour)
+/// Fills a part of an image; false when it had the colour already.
+bool Fill(QImage &image, const QRect &part, QRgb colour)
 {
-    const int left = std::max(position.x - PointWidth / 2, 0);
-    const int right = std::min(position.x + PointWidth / 2, Side);
-    const int top = std::max(position.y - PointWidth / 2, 0);
-    const int bottom = std::min(position.y + PointWidth / 2, Side);
-    for (int y = top; y < bottom; ++y) {
-        auto *row = reinterpret_cast<QRgb *>(image_.scanLine(y));
-        std::fill(row + left, row + std::max(left, right), colour);
+    bool changed = false;
+    for (int y = part.top(); y <= part.bottom(); ++y) {
+        auto *first = reinterpret_cast<QRgb *>(image.scanLine(y)) + part.left();
+        auto *const end = first + part.width();
+        if (std::all_of(first, end, [colour](QRgb pixel) { return pixel == colour; }))
+            continue;
+        std::fill(first, end, colour);
+        changed = true;
     }
+    return changed;
+}
+
+} // namespace
+
+void DrawAzimuthConvert(Word &value)
+{
+    constexpr int Furthest = 127;
+    const int reading = value >= 128 ? value - 256 : value;
+    const int clamped = std::clamp(reading, -Furthest, Furthest);
+    value = Word(2 * std::lrint(clamped / 2.0)); // a half goes to the even neighbour
+}
+
+std::vector<AzimuthBox> DrawAzimuth(const AzimuthHistory &history, Word current, Word next)
+{
+    std::vector<AzimuthBox> boxes;
+    boxes.reserve(2 * (AzimuthSide / DashPeriod + 1) + 2 * AzimuthPairs);
+    DrawCrossHair(boxes);
+    for (int pair = 0; pair < AzimuthPairs; ++pair) {
+        const QPoint oldest = PositionOf(history.Row(next, pair));
+        if (!StandsInAnotherLine(history, oldest, next))
+            boxes.push_back(PointAt(oldest, White));
+        boxes.push_back(PointAt(PositionOf(history.Row(current, pair)), Blue));
+    }
+    return boxes;
+}
+
+AzimuthSurface::AzimuthSurface() : image_(AzimuthSide, AzimuthSide, QImage::Format_RGB32)
+{
+    image_.fill(White);
+}
+
+void AzimuthSurface::Clear()
+{
+    image_.fill(White);
+    scaled_.fill(White);
+}
+
+QRect AzimuthSurface::Draw(const std::vector<AzimuthBox> &boxes)
+{
+    QRect changed;
+    for (const AzimuthBox &box : boxes) {
+        if (!Fill(image_, box.units, box.colour))
+            continue;
+        const QRect scaled = Scale(box.units);
+        Fill(scaled_, scaled, box.colour);
+        changed |= scaled;
+    }
+    return changed;
+}
+
+void AzimuthSurface::SetScaledSide(int pixels)
+{
+    if (scaled_.width() == pixels)
+        return;
+    scaled_ = QImage(pixels, pixels, QImage::Format_RGB32);
+    for (int y = 0; y < AzimuthSide; ++y) {
+        const auto *row = reinterpret_cast<const QRgb *>(image_.constScanLine(y));
+        for (int x = 0; x < AzimuthSide; ++x)
+            Fill(scaled_, Scale(QRect(x, y, 1, 1)), row[x]);
+    }
+}
+
+int AzimuthSurface::Scale(int unit) const
+{
+    return int(std::lrint(double(unit) * scaled_.width() / AzimuthSide));
+}
+
+QRect AzimuthSurface::Scale(const QRect &units) const
+{
+    const QPoint first(Scale(units.left()), Scale(units.top()));
+    const QPoint end(Scale(units.left() + units.width()), Scale(units.top() + units.height()));
+    return {first, end - QPoint(1, 1)};
 }
 
 } // namespace kelvo

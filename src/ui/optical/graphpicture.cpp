@@ -7,9 +7,7 @@ namespace kelvo {
 
 namespace {
 
-constexpr int AxisX = 25;
 constexpr int RightEnd = 300;
-constexpr int BaseLine = 255;
 
 constexpr int GainReference = 80;
 constexpr int GainBarWidth = 20;
@@ -45,9 +43,9 @@ Word TextBeside(int y)
 
 void DrawFrame(GraphPicture &graph, int reference)
 {
-    graph.lines.push_back({AxisX, 0, AxisX, BaseLine});
-    graph.lines.push_back({AxisX, BaseLine, RightEnd, BaseLine});
-    graph.lines.push_back({AxisX, reference, RightEnd, reference, Stroke::Dashed});
+    graph.lines.push_back({GraphAxis, 0, GraphAxis, GraphBaseLine});
+    graph.lines.push_back({GraphAxis, GraphBaseLine, RightEnd, GraphBaseLine});
+    graph.lines.push_back({GraphAxis, reference, RightEnd, reference, Stroke::Dashed});
     PrintOnGraph(graph, 2, TextBeside(reference), "Ref.");
 }
 
@@ -75,7 +73,7 @@ void DrawSide(GraphPicture &graph, int firstBar, const std::array<Byte, SlitLoss
     for (int band = 0; band < int(side.size()); ++band) {
         const int left = firstBar + BandSpacing * band;
         const int reading = side[std::size_t(band)];
-        graph.boxes.push_back({left, reading, left + BandWidth, BaseLine, Ink::Blue});
+        graph.boxes.push_back({left, reading, left + BandWidth, GraphBaseLine, Ink::Blue});
         if (judged && !InRange(reading, side[0]))
             graph.boxes.push_back(MarkAbove(left, reading));
     }
@@ -105,10 +103,10 @@ GraphPicture DrawGain(const GainReading &gain)
     GraphPicture graph;
     graph.fontName = GraphFont;
     DrawFrame(graph, GainReference);
-    graph.boxes = {{LeftBar, gain[0], LeftBar + GainBarWidth, BaseLine, Ink::Blue},
-                   {RightBar, gain[1], RightBar + GainBarWidth, BaseLine, Ink::Blue}};
-    PrintOnGraph(graph, LeftBar, Rounded(BaseLine + GraphFontSize), "  Left");
-    PrintOnGraph(graph, RightBar, Rounded(BaseLine + GraphFontSize), " Right");
+    graph.boxes = {{LeftBar, gain[0], LeftBar + GainBarWidth, GraphBaseLine, Ink::Blue},
+                   {RightBar, gain[1], RightBar + GainBarWidth, GraphBaseLine, Ink::Blue}};
+    PrintOnGraph(graph, LeftBar, Rounded(GraphBaseLine + GraphFontSize), "  Left");
+    PrintOnGraph(graph, RightBar, Rounded(GraphBaseLine + GraphFontSize), " Right");
     return graph;
 }
 
@@ -119,7 +117,7 @@ GraphPicture DrawSlit(const SlitReadings &slit)
     graph.boxes.reserve(std::size_t(ReaderSides) * SlitLossBytes * 2);
     graph.texts.reserve(ReaderSides * BandLabels.size() + 4);
     DrawFrame(graph, SlitReference);
-    graph.lines.push_back({Divider, 0, Divider, BaseLine});
+    graph.lines.push_back({Divider, 0, Divider, GraphBaseLine});
     PrintOnGraph(graph, 2, 38, "12 dB");
     PrintOnGraph(graph, 2, 48, "Range");
     PrintOnGraph(graph, 140, 275, "Band (kHz)");

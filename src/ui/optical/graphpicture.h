@@ -10,6 +10,9 @@ namespace kelvo {
 /// A reading is a y coordinate: 255 is the base line, smaller readings give taller bars.
 inline constexpr int GraphWidth = 310;
 inline constexpr int GraphHeight = 285;
+/// Bars stay right of the axis and above the base line; texts stay outside.
+inline constexpr int GraphAxis = 25;
+inline constexpr int GraphBaseLine = 255;
 
 enum class Ink { Black, Blue, DarkRed };
 enum class Stroke { Solid, Dashed };
@@ -34,6 +37,8 @@ struct GraphBox {
 struct GraphText {
     int x, y;
     const char *text;
+
+    bool operator==(const GraphText &) const = default;
 };
 
 /// What one call of `DrawGain` or `DrawSlit` leaves on the surface: lines, boxes over them, texts on top.

@@ -1,23 +1,169 @@
 #include "ui/optical/obepanel.h"
 
+#include "ui/controls/levelboard.h"
+#include "ui/controls/named.h"
+#include "ui/controls/uploadbutton.h"
+#include "ui/optical/choices.h"
+#include "ui/optical/messages.h"
+
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
 namespace kelvo {
 
-ObePanel::ObePanel(Settings &settings, UnitLink &link, EntryWindow &, QPushButton *, QWidget *)
+namespace {
+
+constexpr int Spacing = 6;
+constexpr int GroupSpacing = 12;
+constexpr int BigButtonHeight = 48;
+
+/// Deliberate: position 0, the top, is the lowest level here.
+constexpr std::array<LevelMark, 5> ObeMarks{
+    {{0, "-6 dB"}, {6, "-3"}, {12, "0", true}, {18, "+3"}, {24, "+6 dB"}}};
+
+} // namespace
+
+ObePanel::ObePanel(Settings &settings, UnitLink &link, EntryWindow &entries, QPushButton *cmdMute3,
+                   QWidget *masterFader)
     : settings_(settings),
       link_(link)
 {
+    auto *right = new QVBoxLayout;
+    right->setSpacing(GroupSpacing);
+    right->addWidget(BuildNoise(cmdMute3));
+    right->addWidget(masterFader);
+    right->addStretch();
+    right->addWidget(BuildUploadButton(2, link, entries));
+
+    auto *layout = new QGridLayout(this);
+    layout->setHorizontalSpacing(GroupSpacing);
+    layout->addWidget(BuildObe(), 0, 0, Qt::AlignTop);
+    layout->addWidget(BuildLevel(entries), 0, 1);
+    layout->addLayout(right, 0, 2);
+    for (int column = 0; column < 3; ++column)
+        layout->setColumnStretch(column, 1);
+    Show();
 }
+
+QGroupBox *ObePanel::BuildObe()
+{
+    auto *group = new QGroupBox(tr("OBE"));
+    auto *layout = new QVBoxLayout(group);
+    layout->setSpacing(Spacing);
+    cmdOBEEnable_ = Named(new StateButton(tr(ObeOff)), "cmdOBEEnable");
+    cmdOBEEnable_->setMinimumHeight(BigButtonHeight);
+    connect(cmdOBEEnable_, &QPushButton::clicked, this, &ObePanel::cmdOBEEnable_Click);
+    cboObeF_ = Named(new ChoiceList, "cboObeF");
+    cboObeF_->setAccessibleName(tr("OBE frequency"));
+    for (const char *frequency : ObeFrequencies)
+        cboObeF_->addItem(tr(frequency));
+    connect(cboObeF_, &QComboBox::activated, this, &ObePanel::cboObeF_Click);
+    layout->addWidget(cmdOBEEnable_);
+    layout->addSpacing(GroupSpacing);
+    layout->addWidget(new QLabel(tr("Frequency:")));
+    layout->addWidget(cboObeF_);
+    return group;
+}
+
+QGroupBox *ObePanel::BuildLevel(EntryWindow &entries)
+{
+    level_ = new LevelPair(ObeRule, entries, {"lblOBE", "sclOBE"},
+                           {[this](int position) { StoreLevel(position); }, [this] { SendObe(); }}, this);
+    level_->SetAccessibleName(tr("OBE level, dB"));
+    auto *board = new LevelBoard({ObeMarks.begin(), ObeMarks.end()});
+    board->Add(level_->Slider(), 1);
+    board->Grid()->addWidget(level_->Field(), LevelBoard::SliderRow + 1, 1, Qt::AlignHCenter);
+    auto *group = new QGroupBox(tr("Level"));
+    auto *layout = new QVBoxLayout(group);
+    layout->addWidget(board, 1, Qt::AlignHCenter);
+    return group;
+}
+
+QGroupBox *ObePanel::BuildNoise(QPushButton *cmdMute3)
+{
+    auto *group = new QGroupBox(tr("Pink Noise"));
+    auto *layout = new QFormLayout(group);
+    layout->setSpacing(Spacing);
+    noise_ = {{{Named(new StateButton(tr(CaptionOff)), "cmdPNC"), Center},
+               {Named(new StateButton(tr(CaptionOff)), "cmdPNS"), Subwoofer}}};
+    for (const Noise &noise : noise_) {
+        const QString name = noise.channel == Center ? tr("Center") : tr("Subwoofer");
+        noise.button->setAccessibleName(tr("Pink noise, %1").arg(name));
+        connect(noise.button, &QPushButton::clicked, this, [this, noise] { cmdNoise_Click(noise); });
+        layout->addRow(name + QLatin1Char(':'), noise.button);
+    }
+    layout->addRow(cmdMute3);
+    return group;
+}
+
 void ObePanel::Show()
 {
+    level_->ShowPosition(ObeRule.lastPosition - settings_.Audio.ObeLevel);
+    ReflectOBEStatus();
 }
+
 void ObePanel::ReflectOBEStatus()
 {
+    const bool on = settings_.ObeEnabled;
+    cmdOBEEnable_->Show(tr(on ? ObeOn : ObeOff), on ? Face::On : Face::Normal);
+    ShowChoice(cboObeF_, settings_.ObeMode - 1);
+    level_->Slider()->setEnabled(on);
+    level_->Field()->setEnabled(on);
+    cboObeF_->setEnabled(on);
 }
+
 void ObePanel::ShowTestSignalsOff()
 {
+    for (const Noise &noise : noise_)
+        noise.button->Show(tr(CaptionOff), Face::Normal);
 }
+
 void ObePanel::LeaveTab()
 {
+    for (const Noise &noise : noise_) {
+        // After New the button shows off while the unit still plays.
+        if (noise.button->ShownFace() != Face::On && !link_.Holds().Pink[std::size_t(noise.channel)])
+            continue;
+        noise.button->Show(tr(CaptionOff), Face::Normal);
+        link_.RetryFunction(UnitOp::SetPink, noise.channel, False);
+    }
+}
+
+void ObePanel::cmdOBEEnable_Click()
+{
+    settings_.ObeEnabled = !settings_.ObeEnabled;
+    settings_.Audio.ObeFreq = settings_.ObeEnabled ? settings_.ObeMode : Byte(0);
+    SendObe();
+    ReflectOBEStatus();
+}
+
+void ObePanel::cboObeF_Click(int index)
+{
+    if (!settings_.ObeEnabled)
+        return;
+    settings_.ObeMode = Byte(index + 1);
+    settings_.Audio.ObeFreq = settings_.ObeMode;
+    SendObe();
+}
+
+void ObePanel::StoreLevel(int position)
+{
+    settings_.Audio.ObeLevel = Byte(ObeRule.lastPosition - position);
+}
+
+void ObePanel::SendObe()
+{
+    settings_.SettingsChanged = true;
+    link_.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::AfterEdit);
+}
+
+void ObePanel::cmdNoise_Click(const Noise &noise)
+{
+    const bool on = noise.button->ShownFace() != Face::On;
+    noise.button->Show(tr(on ? CaptionOn : CaptionOff), on ? Face::On : Face::Normal);
+    link_.RetryFunction(UnitOp::SetPink, noise.channel, on ? True : False);
 }
 
 } // namespace kelvo

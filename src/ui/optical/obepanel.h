@@ -2,10 +2,16 @@
 
 #include "model/settings.h"
 #include "ui/controls/entrywindow.h"
+#include "ui/controls/levelpair.h"
+#include "ui/controls/statebutton.h"
 #include "unit/unitlink.h"
 
+#include <QComboBox>
+#include <QGroupBox>
 #include <QPushButton>
 #include <QWidget>
+
+#include <array>
 
 namespace kelvo {
 
@@ -27,8 +33,28 @@ class ObePanel : public QWidget {
     void LeaveTab();
 
   private:
+    /// A noise button and the channel that it plays on.
+    struct Noise {
+        StateButton *button;
+        Word channel;
+    };
+
+    QGroupBox *BuildObe();
+    QGroupBox *BuildLevel(EntryWindow &entries);
+    QGroupBox *BuildNoise(QPushButton *cmdMute3);
+
+    void cmdOBEEnable_Click();
+    void cboObeF_Click(int index);
+    void StoreLevel(int position);
+    void SendObe();
+    void cmdNoise_Click(const Noise &noise);
+
     Settings &settings_;
     UnitLink &link_;
+    StateButton *cmdOBEEnable_;
+    QComboBox *cboObeF_;
+    LevelPair *level_;
+    std::array<Noise, 2> noise_{};
 };
 
 } // namespace kelvo

@@ -4,13 +4,13 @@
 #include "ui/controls/uploadbutton.h"
 #include "ui/optical/messages.h"
 
-#include <QElapsedTimer>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <chrono>
 
 namespace kelvo {
@@ -20,6 +20,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto ReadingInterval = 1ms;
+/// What a busy moment of the window may leave to be caught up, one reading a round of the event loop.
+constexpr auto MostBehind = 4ms;
 constexpr auto BlinkInterval = 1000ms;
 
 /// The format that the unit is put in for the duration of a stream.
@@ -307,17 +309,30 @@ void OpticalPanel::LeaveTab()
 
 void OpticalPanel::tmrOptical_Timer()
 {
-    if (inTick_ || !surroundings_.timersMayTouchUnit())
+    if (inTick_ || !tmrOptical_->isActive() || !surroundings_.timersMayTouchUnit())
         return;
     const QScopedValueRollback<bool> inTick(inTick_, true);
-    QElapsedTimer reading;
-    reading.start();
+    const auto began = std::chrono::steady_clock::now();
+    nextReading_ = std::max(nextReading_ + ReadingInterval, began - MostBehind);
     graphs_->Graph().SetFontName(GraphFont);
     ReadMeasurement();
-    // After a slow read the next one is put off by a whole interval, so that clicks and paintings that
-    // came meanwhile have their turn first.
-    if (tmrOptical_->isActive() && std::chrono::nanoseconds(reading.nsecsElapsed()) > ReadingInterval)
+    if (tmrOptical_->isActive())
+        KeepPace(std::chrono::steady_clock::now() - began);
+}
+
+void OpticalPanel::KeepPace(std::chrono::nanoseconds took)
+{
+    const auto now = std::chrono::steady_clock::now();
+    if (took > ReadingInterval) {
+        // After a slow read the next one waits a whole interval, so that clicks and paintings that came
+        // meanwhile have their turn first.
+        nextReading_ = now + ReadingInterval;
         tmrOptical_->start();
+    } else if (nextReading_ <= now) {
+        // The toolkit's timer rounds every wait up and falls behind; the reading that it lost by that comes
+        // with the next round of the event loop.
+        QMetaObject::invokeMethod(this, &OpticalPanel::tmrOptical_Timer, Qt::QueuedConnection);
+    }
 }
 
 void OpticalPanel::ReadMeasurement()
@@ -366,7 +381,7 @@ void OpticalPanel::ReadAzimuth()
     graphs_->ShowAzimuth(true);
     history_.Store(frame);
     const int next = history_.NextLine();
-    graphs_->Azimuth().DrawAzimuth(history_, Word(history_.line), Word(next));
+    graphs_->Azimuth().Draw(DrawAzimuth(history_, Word(history_.line), Word(next)));
     history_.line = next;
 }
 

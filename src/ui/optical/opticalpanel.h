@@ -13,6 +13,7 @@
 #include <QWidget>
 
 #include <array>
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -67,6 +68,8 @@ class OpticalPanel : public QWidget {
     void ResumeIdleTimers();
     void ClearPictures();
 
+    /// Brings the readings as close to one a millisecond as the event loop allows.
+    void KeepPace(std::chrono::nanoseconds took);
     void ReadMeasurement();
     void ReadGain();
     void ReadSlitLoss();
@@ -82,6 +85,7 @@ class OpticalPanel : public QWidget {
     std::optional<bool> shownLock_;
     bool streaming_ = false;
     bool inTick_ = false;
+    std::chrono::steady_clock::time_point nextReading_; ///< when the reading after the newest is due
 
     GraphArea *graphs_;
     std::array<StateButton *, 2> cmdPro_{};

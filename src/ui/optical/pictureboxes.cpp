@@ -1,10 +1,12 @@
 #include "ui/optical/pictureboxes.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <utility>
 
 namespace kelvo {
 
@@ -88,6 +90,33 @@ class DeviceCanvas {
     int lineWidth_ = 1;
 };
 
+/// The part, in units, where a bar has become another one.
+QRect Difference(const GraphBox &before, const GraphBox &after)
+{
+    const QRect old(QPoint(before.left, before.top), QPoint(before.right, before.bottom));
+    const QRect young(QPoint(after.left, after.top), QPoint(after.right, after.bottom));
+    if (before == after)
+        return {};
+    const bool onlyTaller = before.left == after.left && before.right == after.right &&
+                            before.bottom == after.bottom && before.ink == after.ink;
+    if (!onlyTaller)
+        return old | young;
+    const auto [high, low] = std::minmax(before.top, after.top);
+    return {QPoint(after.left, high), QPoint(after.right, low)};
+}
+
+/// The part, in units, where two pictures differ.
+QRect Difference(const GraphPicture &before, const GraphPicture &after)
+{
+    if (before.lines != after.lines || before.texts != after.texts ||
+        before.boxes.size() != after.boxes.size())
+        return {0, 0, GraphWidth, GraphHeight};
+    QRect part;
+    for (std::size_t box = 0; box < after.boxes.size(); ++box)
+        part |= Difference(before.boxes[box], after.boxes[box]);
+    return part;
+}
+
 } // namespace
 
 PictureBox::PictureBox()
@@ -95,12 +124,18 @@ PictureBox::PictureBox()
     setAttribute(Qt::WA_OpaquePaintEvent);
     frame_.setSingleShot(true);
     frame_.setInterval(DisplayFrame);
-    connect(&frame_, &QTimer::timeout, this, [this] { update(); });
+    connect(&frame_, &QTimer::timeout, this, &PictureBox::PaintChanged);
 }
 
-void PictureBox::Changed()
+void PictureBox::PaintChanged()
 {
-    if (!frame_.isActive())
+    repaint(std::exchange(changed_, {}));
+}
+
+void PictureBox::Changed(const QRect &part)
+{
+    changed_ |= part;
+    if (!changed_.isEmpty() && !frame_.isActive())
         frame_.start();
 }
 
@@ -111,28 +146,36 @@ OptGraph::OptGraph()
 
 void OptGraph::Draw(GraphPicture picture)
 {
+    if (picture.fontName)
+        SetFontName(picture.fontName);
+    Changed(ToWindow(Difference(picture_, picture)));
     picture_ = std::move(picture);
-    SetFontName(picture_.fontName);
-    Changed();
 }
 
-void OptGraph::Clear()
+QRect OptGraph::ToWindow(const QRect &units) const
 {
-    picture_ = {};
-    Changed();
+    if (units.isNull())
+        return {};
+    // A pixel more all round holds whatever the rounding to pixels of the screen has moved.
+    const QTransform scale =
+        QTransform::fromScale(double(width()) / GraphWidth, double(height()) / GraphHeight);
+    return scale.mapRect(QRectF(units)).toAlignedRect().adjusted(-1, -1, 1, 1) & rect();
 }
 
-void OptGraph::paintEvent(QPaintEvent *)
+void OptGraph::paintEvent(QPaintEvent *event)
 {
     constexpr double SmallFontUnits = 9;
     constexpr double FontUnits = GraphFontSize * 4 / 3;
     QPainter painter(this);
-    painter.fillRect(rect(), Qt::white);
+    painter.fillRect(event->rect(), Qt::white);
     DeviceCanvas canvas(painter, rect());
     for (const GraphLine &line : picture_.lines)
         canvas.Draw(line);
     for (const GraphBox &box : picture_.boxes)
         canvas.Draw(box);
+    const QRect bars(QPoint(GraphAxis, 0), QPoint(GraphWidth, GraphBaseLine));
+    if (ToWindow(bars).contains(event->rect()))
+        return;
     if (picture_.fontName == SlitFont)
         canvas.SetFont(font(), SmallFontUnits, QFont::SemiCondensed);
     else
@@ -141,23 +184,29 @@ void OptGraph::paintEvent(QPaintEvent *)
         canvas.Draw(text);
 }
 
-OptAzi::OptAzi() = default;
-
-void OptAzi::DrawAzimuth(const AzimuthHistory &history, Word current, Word next)
+void OptAzi::Draw(const std::vector<AzimuthBox> &boxes)
 {
-    picture_.DrawAzimuth(history, current, next);
-    Changed();
+    const QRect changed = surface_.Draw(boxes);
+    if (changed.isEmpty())
+        return;
+    const double scale = 1 / devicePixelRatioF();
+    Changed(QTransform::fromScale(scale, scale).mapRect(QRectF(changed)).toAlignedRect() & rect());
 }
 
 void OptAzi::Clear()
 {
-    picture_.Clear();
-    Changed();
+    surface_.Clear();
+    Changed(rect());
 }
 
 void OptAzi::paintEvent(QPaintEvent *)
 {
-    QPainter(this).drawImage(rect(), picture_.Image());
+    QPainter painter(this);
+    const QTransform device = painter.deviceTransform();
+    const QRect area = device.mapRect(QRectF(rect())).toRect();
+    surface_.SetScaledSide(area.width());
+    painter.setTransform(device.inverted(), true);
+    painter.drawImage(area.topLeft(), surface_.Scaled());
 }
 
 } // namespace kelvo

@@ -9,19 +9,23 @@
 namespace kelvo {
 
 /// A picture box on white ground. However often its content changes, it is painted at most once a display
-/// frame, and then with the newest content.
+/// frame, where it has changed, and then with the newest content.
 class PictureBox : public QWidget {
     Q_OBJECT
 
   public:
     PictureBox();
 
+    /// Paints what has changed since the last painting; the display frame's timer calls it.
+    void PaintChanged();
+
   protected:
-    /// Asks for a painting within one display frame.
-    void Changed();
+    /// Asks for a painting of this part within one display frame.
+    void Changed(const QRect &part);
 
   private:
     QTimer frame_;
+    QRect changed_;
 };
 
 /// The box `OptGraph`: maps the graph's units linearly onto its whole area. Lines, bars and dashes begin
@@ -38,36 +42,36 @@ class OptGraph : public PictureBox {
     QString FontName() const { return QLatin1String(fontName_); }
     void SetFontName(const char *name) { fontName_ = name; }
     void Draw(GraphPicture picture);
-    void Clear();
+    void Clear() { Draw({}); }
 
-    QSize sizeHint() const override { return minimumSizeHint(); }
     QSize minimumSizeHint() const override { return {GraphWidth, GraphHeight}; }
+    QSize sizeHint() const override { return minimumSizeHint(); }
 
   protected:
     void paintEvent(QPaintEvent *event) override;
 
   private:
+    QRect ToWindow(const QRect &units) const;
+
     const char *fontName_ = GraphFont;
     GraphPicture picture_;
 };
 
-/// The box `optAzi`: a square that shows the azimuth picture.
+/// The box `optAzi`: a square that shows the azimuth surface.
 class OptAzi : public PictureBox {
     Q_OBJECT
 
   public:
-    OptAzi();
-
-    void DrawAzimuth(const AzimuthHistory &history, Word current, Word next);
+    void Draw(const std::vector<AzimuthBox> &boxes);
     void Clear();
 
-    QSize sizeHint() const override { return {AzimuthPicture::Side, AzimuthPicture::Side}; }
+    QSize sizeHint() const override { return {AzimuthSide, AzimuthSide}; }
 
   protected:
     void paintEvent(QPaintEvent *event) override;
 
   private:
-    AzimuthPicture picture_;
+    AzimuthSurface surface_;
 };
 
 } // namespace kelvo

@@ -1,7 +1,5 @@
 #include "support/ui/consoleundertest.h"
 
-#include "ui/main/look.h"
-
 #include <QAction>
 #include <QApplication>
 #include <QFileDialog>
@@ -40,7 +38,6 @@ ConsoleUnderTest::ConsoleUnderTest(ConsoleStart start, Tab tab,
                                    const std::function<void(ConsoleUnderTest &)> &prepare)
     : library_(unit, calls_)
 {
-    ApplyLook();
     qApp->installEventFilter(this);
     places = {.programDirectory = folder_.path(),
               .helpFile = File("Zentra-HELP.rtf"),
