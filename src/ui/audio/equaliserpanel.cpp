@@ -346,6 +346,8 @@ void EqualiserPanel::LeaveTab()
 bool EqualiserPanel::RunShortcut(QChar key)
 {
     const auto channel = std::ranges::find(ChannelKey, key.toLatin1());
+    if (channel == ChannelKey.end() && key != 'm' && key != '7' && key != 'g')
+        return false;
     // A level still being typed belongs to what was shown when it was begun.
     if (!entries_.CommitEntry())
         return true;
@@ -355,10 +357,8 @@ bool EqualiserPanel::RunShortcut(QChar key)
         mute_.cmdMute_Click();
     else if (key == '7')
         fader_.cmdSet7_Click();
-    else if (key == 'g')
-        cmdPink_Click();
     else
-        return false;
+        cmdPink_Click();
     return true;
 }
 

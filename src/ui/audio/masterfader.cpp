@@ -130,6 +130,11 @@ bool MasterFader::CommitDialogEntry()
     return !frmFader_ || frmFader_->Entries().CommitEntry();
 }
 
+bool MasterFader::DialogSliderHeld() const
+{
+    return frmFader_ && frmFader_->Entries().sliderHeld;
+}
+
 /// Decides which of the two sliders a change that no hand made belongs to.
 bool MasterFader::FaderDialogActive() const
 {

@@ -40,6 +40,8 @@ class MasterFader : public QObject {
 
     /// Takes what is typed in the dialog's field; false after a bad value.
     bool CommitDialogEntry();
+    /// The dialog's slider is in the user's hand.
+    bool DialogSliderHeld() const;
 
   protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

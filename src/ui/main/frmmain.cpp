@@ -87,6 +87,8 @@ void FrmMain::BuildPanels()
     SSTAB1_ = Named(new QTabWidget, "SSTAB1");
     for (int tab = 0; tab < TabCount; ++tab) {
         const auto index = std::size_t(tab);
+        if (QLayout *own = panels[index]->layout())
+            own->setContentsMargins(0, 0, 0, 0); // the page has the margin
         frmtabs_[index] = Named(new QWidget, "frmtabs", tab);
         lblHint_[index] = Named(new QLabel(messages::OffLineHint), "lblHint", tab);
         auto *layout = new QVBoxLayout(frmtabs_[index]);
@@ -109,7 +111,6 @@ QWidget *FrmMain::BuildFormatSelection()
         lnlInfo_[std::size_t(line)] = Named(new QLabel, "lnlInfo", line);
         lines->addWidget(lnlInfo_[std::size_t(line)]);
     }
-    lines->addStretch();
     QSizePolicy keepsItsPlace = information->sizePolicy();
     keepsItsPlace.setRetainSizeWhenHidden(true);
     information->setSizePolicy(keepsItsPlace);
@@ -118,12 +119,13 @@ QWidget *FrmMain::BuildFormatSelection()
     auto *layout = new QGridLayout(panel);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(GroupSpacing);
-    layout->addWidget(modes_, 0, 0);
+    layout->addWidget(modes_, 0, 0, 2, 1);
     layout->addWidget(information, 0, 1);
-    layout->addWidget(mute_->Build("cmdMute5"), 1, 0, Qt::AlignLeft);
+    layout->addWidget(mute_->Build("cmdMute5"), 2, 0);
     layout->setColumnStretch(0, 3);
     layout->setColumnStretch(1, 2);
-    layout->setRowStretch(0, 1);
+    layout->setRowStretch(1, 3);
+    layout->setRowStretch(3, 1);
     return panel;
 }
 
@@ -186,7 +188,8 @@ void FrmMain::BuildTimers()
     });
     Timer(this, "tmrRefresh", Second, [this] {
         // A read-back waits for the hand, and for the stream, whose format it would take over.
-        if (TimersMayTouchUnit() && !entries_.sliderHeld && !optical_->Streaming())
+        const bool held = entries_.sliderHeld || masterFader_->DialogSliderHeld();
+        if (TimersMayTouchUnit() && !held && !optical_->Streaming())
             link_.RefreshTick();
     })->start();
     const auto showTime = [this] {

@@ -55,8 +55,10 @@ bool FrmMain::PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers modif
     if (Tab(shownTab_) == Tab::Help)
         return PreviewHelpKey(receiver, key, modifiers);
 
-    const bool shortcuts = settings_.Options.Shortcuts && modifiers == Qt::ControlModifier &&
-                           Tab(shownTab_) == Tab::Eq && frmtabs_[std::size_t(Tab::Eq)]->isEnabled();
+    constexpr int LastCharacter = 0xff; // beyond it stand the keys that are no characters
+    const bool shortcuts = key <= LastCharacter && settings_.Options.Shortcuts &&
+                           modifiers == Qt::ControlModifier && Tab(shownTab_) == Tab::Eq &&
+                           frmtabs_[std::size_t(Tab::Eq)]->isEnabled();
     return shortcuts && !link_.InCall() && equaliser_->RunShortcut(QChar(key).toLower());
 }
 
