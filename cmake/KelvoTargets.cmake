@@ -9,6 +9,8 @@ target_compile_options(kelvo_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restr
 if(KELVO_SANITIZE)
   target_compile_options(kelvo_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                -fno-omit-frame-pointer)
+  # Under the sanitizers GCC 12 takes the standard library's regular expressions for uninitialized.
+  target_compile_options(kelvo_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(kelvo_flags INTERFACE -fsanitize=address,undefined)
 endif()
 

@@ -1,22 +1,115 @@
+#include "app/commandline.h"
+#include "app/process.h"
+#include "app/programdirectory.h"
+#include "ui/dialogs/frmsplash.h"
 #include "ui/main/frmmain.h"
+#include "ui/main/look.h"
+#include "unit/loggedlibrary.h"
 #include "unit/simulatedunit.h"
 #include "unit/windir.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QLockFile>
+#include <QScreen>
+#include <QSessionManager>
 
-int main(int argc, char **argv)
+#include <cstdio>
+#include <exception>
+
+using namespace kelvo;
+
+namespace {
+
+constexpr int BadArguments = 2;
+
+void Print(std::FILE *stream, const QString &text)
+{
+    std::fputs(text.toLocal8Bit().constData(), stream);
+    std::fflush(stream);
+}
+
+int Refuse(const QString &problem)
+{
+    Print(stderr, "kelvo-console: " + problem + "\n");
+    return BadArguments;
+}
+
+/// The first console on a program directory owns the files there; a later one leaves them alone. Where no
+/// lock can be made nothing can be written either, and the write itself will say so.
+bool OwnsFiles(QLockFile &lock)
+{
+    lock.setStaleLockTime(0);
+    return lock.tryLock(0) || lock.error() != QLockFile::LockFailedError;
+}
+
+int Run(int argc, char **argv, const CommandLine &line)
 {
     QApplication application(argc, argv);
-    kelvo::Settings settings;
-    kelvo::SystemClock clock;
-    kelvo::SimulatedUnit unit;
-    kelvo::FrmMain window(settings, unit, clock,
-                          {.programDirectory = ".",
-                           .helpFile = {},
-                           .missingLibrary = {},
-                           .serialIniMissing = kelvo::SerialIniMissing,
-                           .report = [](const QString &) {}});
+    QApplication::setApplicationName("kelvo-console");
+    QApplication::setApplicationVersion(KELVO_VERSION);
+    ApplyLook();
+
+    const QString programDirectory = ProgramDirectory(line.programDirectory);
+    SimulatedUnit simulated;
+    DeviceLibrary *library = &simulated;
+    std::optional<LoggedLibrary> logged;
+    if (!line.log.isEmpty()) {
+        logged.emplace(*library, line.log.toStdString());
+        if (!logged->Problem().empty())
+            return Refuse(QString("cannot write the log %1: %2")
+                              .arg(line.log, QString::fromStdString(logged->Problem())));
+        library = &*logged;
+    }
+
+    QLockFile lock(QDir(programDirectory).filePath("kelvo-console.lock"));
+    const Places places{.programDirectory = programDirectory,
+                        .helpFile = HelpFile(programDirectory),
+                        .ownsFiles = OwnsFiles(lock),
+                        .missingLibrary = {},
+                        .screenHeight = QGuiApplication::primaryScreen()->geometry().height(),
+                        .serialIniMissing = SerialIniMissing,
+                        .report = [&logged](const QString &text) {
+                            Print(stderr, text + "\n");
+                            if (logged)
+                                logged->Note(text.toStdString());
+                        }};
+
+    SystemClock clock;
+    Settings settings;
+    FrmSplash splash;
+    splash.ShowNow();
+    FrmMain window(settings, *library, clock, places);
+    QObject::connect(
+        &application, &QGuiApplication::commitDataRequest, &window,
+        [&window](QSessionManager &session) {
+            if (!window.EndSession(session.allowsInteraction()))
+                session.cancel();
+        },
+        Qt::DirectConnection);
     window.Form_Load();
     window.show();
+    if (!line.file.isEmpty())
+        window.OpenFile(QFileInfo(line.file).absoluteFilePath());
     return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+try {
+    PrepareProcess();
+    const CommandLine line = ParseCommandLine(ProcessArguments(argc, argv));
+    if (!line.problem.isEmpty())
+        return Refuse(line.problem);
+    if (line.help || line.version) {
+        Print(stdout, line.help ? HelpText() : QString("kelvo-console %1\n").arg(KELVO_VERSION));
+        return 0;
+    }
+    const QFileInfo directory(line.programDirectory);
+    if (!line.programDirectory.isEmpty() && !(directory.isDir() && directory.isReadable()))
+        return Refuse(QString("cannot read the program directory %1").arg(line.programDirectory));
+    return Run(argc, argv, line);
+} catch (const std::exception &failure) {
+    return Refuse(failure.what());
 }

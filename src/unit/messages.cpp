@@ -21,7 +21,7 @@ constexpr std::array<Text, 11> ErrorLine{
     "- Error during ASCII command",
     "- Error during streaming",
     "- Data is not as requested",
-    "- Current OS is not compatable", // Deliberate: the unit's manuals quote this spelling.
+    "- Current OS is not compatable", // Deliberate: the text is spelled this way.
 };
 
 constexpr Text AllSent = "All sent";

@@ -267,7 +267,7 @@ bool UnitLink::Answers(UnitOp op)
 {
     const Status status = RetryFunction(op);
     if (status == StreamNotLocked) {
-        // Here it is no answer of a unit, but it was not reported and left the library open.
+        // Six times this while opening is no connection, but it was not reported and the link stayed open.
         Report(messages::ConnectionErrorTitle, messages::UnableToConnect);
         DispErr(Success);
     }

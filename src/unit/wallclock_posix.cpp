@@ -10,10 +10,10 @@ namespace {
 /// The user's own way to write a time; the program's global locale stays as it is.
 class TimeLocale {
   public:
-    TimeLocale() : locale_(newlocale(LC_TIME_MASK, "", locale_t(0)))
+    TimeLocale() : locale_(newlocale(LC_TIME_MASK, "", locale_t{}))
     {
         if (!locale_)
-            locale_ = newlocale(LC_TIME_MASK, "C", locale_t(0));
+            locale_ = newlocale(LC_TIME_MASK, "C", locale_t{});
     }
     ~TimeLocale() { freelocale(locale_); }
     TimeLocale(const TimeLocale &) = delete;
@@ -53,9 +53,11 @@ std::string SystemClock::TimeText(LocalTime time)
     const TimeLocale locale;
     std::string text = locale.Format("%X", parts);
     // The system has no short form of its own: its usual one without the seconds is it.
-    const std::size_t seconds = text.rfind(locale.Format(":%S", parts));
-    if (seconds != std::string::npos)
-        text.erase(seconds, 3);
+    for (const char *pattern : {":%S", ".%S"}) {
+        const std::size_t seconds = text.rfind(locale.Format(pattern, parts));
+        if (seconds != std::string::npos)
+            text.erase(seconds, 3);
+    }
     return text;
 }
 

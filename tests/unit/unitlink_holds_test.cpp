@@ -136,6 +136,7 @@ TEST_CASE("a channel that does not exist is passed on and remembered nowhere")
         CHECK(console.link.RetryFunction(UnitOp::SetPink, channel, True) == Success);
     CHECK(console.Happened() == Trace{"SetPink -1 -1", "SetPink 6 -1", "SetPink 32767 -1"});
     CHECK(console.link.Holds().Pink == std::array<bool, ChannelCount>{});
+    CHECK(console.link.Holds().Inverted == std::array<bool, ChannelCount>{});
 }
 
 TEST_CASE("the line beside the lamp is right at every rest")

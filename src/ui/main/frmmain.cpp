@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
@@ -20,12 +21,32 @@ namespace {
 
 constexpr int WindowMargin = 9;
 constexpr int GroupSpacing = 12;
-constexpr int ColumnWidth = 112;
+constexpr int ColumnWidth = 104;
 constexpr QSize UsualSize(1024, 700);
 
 constexpr std::array<const char *, TabCount> TabCaption{
     "Format &Selection", "&Output Trim",         "&E.Q", "O&BE", "O&ptical Setup",
     "Op&tions",          "Theater &Information", "&Help"};
+
+/// Eight headings beside the master column on the smallest screen: the style's room around each is halved.
+class NarrowTabs : public QProxyStyle {
+  public:
+    int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override
+    {
+        const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+        return metric == PM_TabBarTabHSpace ? usual / 2 : usual;
+    }
+};
+
+/// Says what to do, so it stays readable on a panel that is disabled.
+QLabel *Hint(int tab)
+{
+    auto *lblHint = Named(new QLabel(messages::OffLineHint), "lblHint", tab);
+    QPalette palette = lblHint->palette();
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, palette.color(QPalette::WindowText));
+    lblHint->setPalette(palette);
+    return lblHint;
+}
 
 QTimer *Timer(QObject *window, const char *name, int interval, auto handler)
 {
@@ -85,12 +106,15 @@ void FrmMain::BuildPanels()
     const std::array<QWidget *, TabCount> panels{formatSelection, outputTrim_, equaliser_, obe_,
                                                  optical_,        options_,    theater_,   help_};
     SSTAB1_ = Named(new QTabWidget, "SSTAB1");
+    auto *narrowTabs = new NarrowTabs;
+    narrowTabs->setParent(SSTAB1_);
+    SSTAB1_->tabBar()->setStyle(narrowTabs);
     for (int tab = 0; tab < TabCount; ++tab) {
         const auto index = std::size_t(tab);
         if (QLayout *own = panels[index]->layout())
             own->setContentsMargins(0, 0, 0, 0); // the page has the margin
         frmtabs_[index] = Named(new QWidget, "frmtabs", tab);
-        lblHint_[index] = Named(new QLabel(messages::OffLineHint), "lblHint", tab);
+        lblHint_[index] = Hint(tab);
         auto *layout = new QVBoxLayout(frmtabs_[index]);
         layout->setContentsMargins(6, 3, 6, 6);
         layout->setSpacing(3);

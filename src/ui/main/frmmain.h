@@ -126,8 +126,6 @@ class FrmMain : public QMainWindow, private LinkView {
 
     // Tabs.
     void SSTAB1_Click(int tab);
-    /// What stands in the way of leaving the tab: a call in progress, or a bad value (which was reported).
-    bool MayLeaveTab();
     void ClearTabStatus();
     void SwitchOffTab(int tab);
 

@@ -2,8 +2,6 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QTabBar>
-#include <QTabWidget>
 #include <QWheelEvent>
 
 namespace kelvo {
@@ -14,27 +12,17 @@ bool FrmMain::eventFilter(QObject *watched, QEvent *event)
     if (!receiver || receiver->window() != this || !isEnabled() || QApplication::activeModalWidget())
         return QMainWindow::eventFilter(watched, event);
 
-    switch (event->type()) {
-    case QEvent::KeyPress: {
+    if (event->type() == QEvent::KeyPress) {
         auto *key = static_cast<QKeyEvent *>(event);
         return PreviewKey(receiver, key->key(), key->modifiers() & ~Qt::KeypadModifier, key->isAutoRepeat());
     }
-    case QEvent::Shortcut:
-        // An access key of the tab strip: it must not pass over a bad value.
-        return watched == SSTAB1_->tabBar() && !MayLeaveTab();
-    case QEvent::Wheel: {
-        if (watched == SSTAB1_->tabBar())
-            return !MayLeaveTab();
-        QWidget *page = frmtabs_[std::size_t(Tab::Help)];
-        // Off line the page is disabled, and yet it is to be read.
-        const bool readOffLine = !page->isEnabled() && (receiver == page || page->isAncestorOf(receiver));
-        if (readOffLine)
-            help_->ScrollByWheel(static_cast<QWheelEvent *>(event)->angleDelta().y());
-        return readOffLine;
+    QWidget *page = frmtabs_[std::size_t(Tab::Help)];
+    // Off line the page is disabled, and yet it is to be read.
+    if (event->type() == QEvent::Wheel && !page->isEnabled() && page->isAncestorOf(receiver)) {
+        help_->ScrollByWheel(static_cast<QWheelEvent *>(event)->angleDelta().y());
+        return true;
     }
-    default:
-        return QMainWindow::eventFilter(watched, event);
-    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 bool FrmMain::PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers modifiers, bool repeat)
@@ -50,8 +38,6 @@ bool FrmMain::PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers modif
             link_.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit);
         return true;
     }
-    if (modifiers.testFlag(Qt::ControlModifier) && (key == Qt::Key_Tab || key == Qt::Key_Backtab))
-        return !MayLeaveTab();
     if (Tab(shownTab_) == Tab::Help)
         return PreviewHelpKey(receiver, key, modifiers);
 

@@ -22,7 +22,8 @@ void FrmMain::SSTAB1_Click(int tab)
 {
     if (tab == shownTab_)
         return;
-    if (!MayLeaveTab()) {
+    // Level fields stop the user's own ways to another tab at a bad value; this is for all others.
+    if (link_.InCall() || !CommitEntries()) {
         const QSignalBlocker quietly(SSTAB1_);
         SSTAB1_->setCurrentIndex(shownTab_);
         return;
@@ -41,11 +42,6 @@ void FrmMain::SSTAB1_Click(int tab)
     if (Tab(tab) == Tab::TheaterInformation)
         theater_->ApplyTheaterTabFields();
     SwitchOffTab(previous);
-}
-
-bool FrmMain::MayLeaveTab()
-{
-    return !link_.InCall() && CommitEntries();
 }
 
 void FrmMain::ClearTabStatus()

@@ -1,5 +1,7 @@
 #include "support/ui/consoleundertest.h"
 
+#include "ui/main/look.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QFileDialog>
@@ -38,6 +40,7 @@ ConsoleUnderTest::ConsoleUnderTest(ConsoleStart start, Tab tab,
                                    const std::function<void(ConsoleUnderTest &)> &prepare)
     : library_(unit, calls_)
 {
+    ApplyLook();
     qApp->installEventFilter(this);
     places = {.programDirectory = folder_.path(),
               .helpFile = File("Zentra-HELP.rtf"),
