@@ -21,6 +21,19 @@ choose_arch() {
 
 need_compiler() { need cmake ninja-build "g++-mingw-w64-${arch/_/-}-posix"; }
 
+# configure_console [OPTION...]: sets $toolkit and $build, and prepares the console's Windows build there.
+configure_console() {
+    need_compiler
+    need doctest-dev qt6-base-dev-tools
+    toolkit=$("$top/packaging/windows/toolkit" "$arch")
+    build=$top/build/windows-$arch
+    cmake -S "$top" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
+        -DCMAKE_TOOLCHAIN_FILE="$toolkit/lib/cmake/Qt6/qt.toolchain.cmake" \
+        -DQT_CHAINLOAD_TOOLCHAIN_FILE="$toolchain" \
+        -DQT_HOST_PATH=/usr -DQT_HOST_PATH_CMAKE_DIR=/usr/lib/x86_64-linux-gnu/cmake \
+        -DCMAKE_CROSSCOMPILING_EMULATOR="$top/packaging/windows/wine" >/dev/null
+}
+
 # 32-bit Wine is a package of another architecture, which a machine's owner has to allow.
 has_wine32() { [ -x /usr/lib/wine/wine ]; }
 

@@ -22,7 +22,7 @@ long NumberIn(const QLineEdit *box)
 }
 
 /// A number box that goes to "00" when it is left with a value outside its range.
-QLineEdit *NumberBox(const char *name, const char *accessibleName, long value, long lowest, long highest)
+QLineEdit *NumberBox(const char *name, const char *accessibleName, long long value, long lowest, long highest)
 {
     auto *box = Named(new QLineEdit(QStringLiteral("%1").arg(value, 2, 10, QLatin1Char('0'))), name);
     box->setAccessibleName(accessibleName);
