@@ -56,6 +56,7 @@ ConsoleUnderTest::ConsoleUnderTest(ConsoleStart start, Tab tab,
     window = std::make_unique<FrmMain>(settings, library_, clock, places);
     window->resize(800, 600);
     window->Form_Load();
+    startCalls = calls_;
     window->show();
     window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(window.get()));
@@ -95,8 +96,7 @@ QWidget *ConsoleUnderTest::Focus() const
 
 void ConsoleUnderTest::Click(const char *button)
 {
-    if (auto *control = Find<QWidget>(button))
-        QTest::mouseClick(control, Qt::LeftButton);
+    QTest::mouseClick(Find<QWidget>(button), Qt::LeftButton);
 }
 
 void ConsoleUnderTest::Type(const char *field, const QString &text)
@@ -108,8 +108,6 @@ void ConsoleUnderTest::Type(const char *field, const QString &text)
 void ConsoleUnderTest::TypeOnly(const char *field, const QString &text)
 {
     auto *control = Find<QLineEdit>(field);
-    if (!control)
-        return;
     control->setFocus();
     control->selectAll();
     if (text.isEmpty())
@@ -137,8 +135,6 @@ void ConsoleUnderTest::Key(Qt::Key key, Qt::KeyboardModifiers modifiers)
 void ConsoleUnderTest::Drag(const char *slider, int position)
 {
     auto *control = Find<QSlider>(slider);
-    if (!control)
-        return;
     const QPoint from = HandleAt(*control, control->value());
     const QPoint to = HandleAt(*control, position);
     QTest::mousePress(control, Qt::LeftButton, {}, from);
@@ -161,14 +157,19 @@ QAction *ConsoleUnderTest::Action(const char *name) const
 void ConsoleUnderTest::Tick(const char *timer)
 {
     auto *ticking = Find<QTimer>(timer);
-    if (ticking && ticking->isActive())
+    if (ticking->isActive())
         QMetaObject::invokeMethod(ticking, "timeout", Qt::DirectConnection, QGenericArgument());
 }
 
 void ConsoleUnderTest::AnswerNextBox(const QString &title, QMessageBox::StandardButton button,
-                                     const QString &text)
+                                     const QString &text, std::function<void()> whileOpen)
 {
-    answers_.push_back({title, text, button});
+    answers_.push_back({title, text, button, std::move(whileOpen)});
+}
+
+QMessageBox *ConsoleUnderTest::OpenBox() const
+{
+    return qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
 }
 
 void ConsoleUnderTest::WithNextDialog(std::function<void(QDialog *)> work)
@@ -227,7 +228,12 @@ void ConsoleUnderTest::AnswerBox(QMessageBox *box)
         box->reject();
         return;
     }
+    if (expected.whileOpen)
+        expected.whileOpen();
     QTest::mouseClick(button, Qt::LeftButton);
+    // Offscreen nobody gives the focus back to the window when its box goes.
+    if (!QApplication::activeModalWidget() && window->isVisible())
+        window->activateWindow();
 }
 
 } // namespace kelvo

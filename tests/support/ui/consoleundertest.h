@@ -19,10 +19,17 @@ using Calls = std::vector<std::string>; ///< "SetVol 70", "SetPink 2 -1", "SetAu
 
 enum ConsoleStart { OnLine, OffLine };
 
-/// The test's clock without its trace of pauses, with the PC's time text as the test sets it.
+/// The test's clock, which lets a test look at the window while a failing call waits.
 struct ConsoleClock : TestClock {
     ConsoleClock() : TestClock(pauses) {}
+    void Pause(std::chrono::milliseconds time) override
+    {
+        TestClock::Pause(time);
+        duringPause();
+    }
+
     Trace pauses;
+    std::function<void()> duringPause = [] {};
 };
 
 /// The real main window over a recorded simulated unit, with a clock that stands and a program directory of
@@ -43,15 +50,17 @@ class ConsoleUnderTest : public QObject {
     Settings settings;
     Places places;
     std::unique_ptr<FrmMain> window;
-    QStringList reports; ///< what went to standard error
+    QStringList reports;     ///< what went to standard error
+    kelvo::Calls startCalls; ///< the library's calls of the start-up
 
-    /// The control of the main window, or of any other open window, with this name; fails when there is none.
+    /// The control of the main window, or of any other open window, with this name; ends the test when there
+    /// is none.
     template <typename Control>
     Control *Find(const char *name) const
     {
         auto *control = dynamic_cast<Control *>(FindObject(name));
         if (!control)
-            QTest::qFail(qPrintable(QString("no control is named %1").arg(name)), __FILE__, __LINE__);
+            qFatal("no control of this kind is named %s", name);
         return control;
     }
 
@@ -73,8 +82,11 @@ class ConsoleUnderTest : public QObject {
     /// Lets one tick of a timer pass now.
     void Tick(const char *timer);
 
-    /// Answers the next box: it must have this title and, when given, this text.
-    void AnswerNextBox(const QString &title, QMessageBox::StandardButton button, const QString &text = {});
+    /// Answers the next box: it must have this title and, when given, this text. `whileOpen` runs first.
+    void AnswerNextBox(const QString &title, QMessageBox::StandardButton button, const QString &text = {},
+                       std::function<void()> whileOpen = {});
+    /// The message box that is open, or null.
+    QMessageBox *OpenBox() const;
     /// Works on the next dialog that is not a message box, `QFileDialog` included, once it is shown.
     void WithNextDialog(std::function<void(QDialog *)> work);
     /// Chooses a file in the next file dialog; "" cancels it.
@@ -95,6 +107,7 @@ class ConsoleUnderTest : public QObject {
         QString title;
         QString text;
         QMessageBox::StandardButton button;
+        std::function<void()> whileOpen;
     };
 
     QObject *FindObject(const char *name) const;

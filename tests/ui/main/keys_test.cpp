@@ -1,0 +1,203 @@
+#include "support/ui/consoleundertest.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QLabel>
+#include <QPushButton>
+#include <QTabWidget>
+
+using namespace kelvo;
+
+class KeysTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void f1ConnectsAndDoesNothingOnLine();
+    void f2SendsBothRecordsFromAnyTab();
+    void f2TakesWhatIsBeingTypedFirst();
+    void f2IsCalledOffByABadValue();
+    void f2AsksWhenTheConfirmBoxIsWanted();
+    void aHeldKeyActsOnce();
+    void aShortcutRunsItsCommand_data();
+    void aShortcutRunsItsCommand();
+    void aShortcutNeedsItsConditions_data();
+    void aShortcutNeedsItsConditions();
+    void aFieldKeepsItsOwnKeysWithoutShortcuts();
+    void aShortcutTakesWhatIsBeingTypedFirst();
+    void keysThatAreNoCharactersAreNoShortcuts();
+};
+
+namespace {
+
+void WithShortcuts(ConsoleUnderTest &test)
+{
+    test.settings.Options.Shortcuts = true;
+}
+
+} // namespace
+
+void KeysTest::f1ConnectsAndDoesNothingOnLine()
+{
+    ConsoleUnderTest console(OffLine);
+    console.unit.panel.plugged = true;
+    console.Key(Qt::Key_F1);
+    QCOMPARE(console.Find<QLabel>("lblStat")->text(), "On Line");
+    console.Forget();
+    console.Key(Qt::Key_F1);
+    QCOMPARE(console.Calls(), Calls());
+}
+
+void KeysTest::f2SendsBothRecordsFromAnyTab()
+{
+    ConsoleUnderTest console;
+    for (int tab = 0; tab < TabCount; ++tab) {
+        console.GoTo(Tab(tab));
+        console.Forget();
+        console.Key(Qt::Key_F2);
+        QCOMPARE(console.Calls(), (Calls{"SetSystem", "SetAudio"}));
+    }
+}
+
+void KeysTest::f2TakesWhatIsBeingTypedFirst()
+{
+    ConsoleUnderTest console(OnLine, Tab::OutputTrim);
+    console.TypeOnly("lblPNG(2)", "2.2");
+    console.Key(Qt::Key_F2);
+    QCOMPARE(console.unit.audio.ChannelTrim[Center], Byte(8));
+    QCOMPARE(console.Find<QLineEdit>("lblPNG(2)")->text(), "2.0");
+}
+
+void KeysTest::f2IsCalledOffByABadValue()
+{
+    ConsoleUnderTest console(OnLine, Tab::OutputTrim);
+    console.TypeOnly("lblPNG(2)", "22");
+    console.AnswerNextBox("Range Check Error", QMessageBox::Ok);
+    console.Key(Qt::Key_F2);
+    QCOMPARE(console.Calls(), Calls());
+    console.Type("lblPNG(2)", "0");
+}
+
+void KeysTest::f2AsksWhenTheConfirmBoxIsWanted()
+{
+    ConsoleUnderTest console;
+    console.settings.Options.ConfirmUpload = true;
+    console.AnswerNextBox("Confirm Upload!", QMessageBox::No,
+                          "Are you sure you want to Upload the Current Settings?");
+    console.Key(Qt::Key_F2);
+    QCOMPARE(console.Calls(), Calls());
+    console.AnswerNextBox("Confirm Upload!", QMessageBox::Yes);
+    console.Key(Qt::Key_F2);
+    QCOMPARE(console.Calls(), (Calls{"SetSystem", "SetAudio"}));
+}
+
+void KeysTest::aHeldKeyActsOnce()
+{
+    ConsoleUnderTest console;
+    QKeyEvent repeat(QEvent::KeyPress, Qt::Key_F2, Qt::NoModifier, QString(), true);
+    QApplication::sendEvent(QApplication::focusWidget(), &repeat);
+    QCOMPARE(console.Calls(), Calls());
+}
+
+void KeysTest::aShortcutRunsItsCommand_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("current"); // the channel button that is grey afterwards
+    QTest::addColumn<QString>("call");
+    QTest::newRow("m mutes") << int(Qt::Key_M) << "cmdEQChan(0)"
+                             << "SetMute -1";
+    QTest::newRow("g plays noise") << int(Qt::Key_G) << "cmdEQChan(0)"
+                                   << "SetPink 0 -1";
+    // The channel that is left is silenced whether it played or not.
+    QTest::newRow("l selects Left") << int(Qt::Key_L) << "cmdEQChan(0)"
+                                    << "SetPink 0 0";
+    QTest::newRow("p selects Left Surround") << int(Qt::Key_P) << "cmdEQChan(1)"
+                                             << "SetPink 0 0";
+    QTest::newRow("c selects Center") << int(Qt::Key_C) << "cmdEQChan(2)"
+                                      << "SetPink 0 0";
+    QTest::newRow("q selects Right Surround") << int(Qt::Key_Q) << "cmdEQChan(3)"
+                                              << "SetPink 0 0";
+    QTest::newRow("r selects Right") << int(Qt::Key_R) << "cmdEQChan(4)"
+                                     << "SetPink 0 0";
+    QTest::newRow("e selects Subwoofer") << int(Qt::Key_E) << "cmdEQChan(5)"
+                                         << "SetPink 0 0";
+}
+
+void KeysTest::aShortcutRunsItsCommand()
+{
+    QFETCH(int, key);
+    QFETCH(QString, current);
+    QFETCH(QString, call);
+    ConsoleUnderTest console(OnLine, Tab::Eq);
+    WithShortcuts(console);
+    console.Find<QLineEdit>("lblBass")->setFocus();
+    console.Key(Qt::Key(key), Qt::ControlModifier);
+    QVERIFY(console.Find<QPushButton>(qPrintable(current))->font().bold());
+    QCOMPARE(console.Calls(), Calls{call.toStdString()});
+}
+
+void KeysTest::aShortcutNeedsItsConditions_data()
+{
+    QTest::addColumn<bool>("enabled");
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<bool>("plugged");
+    QTest::newRow("the option is off") << false << 2 << int(Qt::ControlModifier) << true;
+    QTest::newRow("another tab") << true << 1 << int(Qt::ControlModifier) << true;
+    QTest::newRow("no Ctrl") << true << 2 << int(Qt::NoModifier) << true;
+    QTest::newRow("Ctrl and Shift") << true << 2 << int(Qt::ControlModifier | Qt::ShiftModifier) << true;
+    QTest::newRow("Ctrl and Alt") << true << 2 << int(Qt::ControlModifier | Qt::AltModifier) << true;
+    QTest::newRow("off line") << true << 2 << int(Qt::ControlModifier) << false;
+}
+
+void KeysTest::aShortcutNeedsItsConditions()
+{
+    QFETCH(bool, enabled);
+    QFETCH(int, tab);
+    QFETCH(int, modifiers);
+    QFETCH(bool, plugged);
+    ConsoleUnderTest console(plugged ? OnLine : OffLine, Tab(tab));
+    console.settings.Options.Shortcuts = enabled;
+    console.Key(Qt::Key_M, Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(console.Calls(), Calls());
+    QCOMPARE(console.settings.MuteState, False);
+}
+
+void KeysTest::aFieldKeepsItsOwnKeysWithoutShortcuts()
+{
+    ConsoleUnderTest console(OnLine, Tab::Eq);
+    console.TypeOnly("lblBass", "3");
+    console.Find<QLineEdit>("lblBass")->selectAll();
+    console.Key(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), "3");
+    QVERIFY(console.Find<QPushButton>("cmdEQChan(0)")->font().bold());
+    // With shortcuts on, a key that is none of them is still the field's.
+    WithShortcuts(console);
+    console.Key(Qt::Key_X, Qt::ControlModifier);
+    QCOMPARE(console.Find<QLineEdit>("lblBass")->text(), "");
+}
+
+void KeysTest::aShortcutTakesWhatIsBeingTypedFirst()
+{
+    ConsoleUnderTest console(OnLine, Tab::Eq);
+    WithShortcuts(console);
+    console.TypeOnly("lblBass", "3");
+    console.Key(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(console.settings.Audio.ChannelEq[Left].BassLevel, Byte(7));
+    console.TypeOnly("lblBass", "33");
+    console.AnswerNextBox("Range Check Error", QMessageBox::Ok);
+    console.Key(Qt::Key_L, Qt::ControlModifier);
+    QVERIFY(console.Find<QPushButton>("cmdEQChan(2)")->font().bold());
+    console.Type("lblBass", "0");
+}
+
+void KeysTest::keysThatAreNoCharactersAreNoShortcuts()
+{
+    ConsoleUnderTest console(OnLine, Tab::Eq);
+    WithShortcuts(console);
+    // The code of F8 ends in that of the digit 7.
+    console.Key(Qt::Key_F8, Qt::ControlModifier);
+    QCOMPARE(console.Calls(), Calls());
+}
+
+QTEST_MAIN(KeysTest)
+#include "keys_test.moc"
