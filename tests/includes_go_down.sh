@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# includes_go_down.sh SOURCE_ROOT PROGRAM...: no folder includes what stands above it, model, files and unit include
-# nothing of the windowing toolkit, and the test programs of these three do not load it either.
+# includes_go_down.sh SOURCE_ROOT PROGRAM...: no folder includes what stands above it, model, files, unit and
+# rtf include nothing of the windowing toolkit, and the test programs of these do not load it either.
 set -euo pipefail
 
 root=$1
@@ -26,6 +26,7 @@ below="$core ui/controls"
 allow model
 allow files model
 allow unit files model
+allow rtf
 allow ui/controls $core
 for panel in ui/dialogs ui/optical ui/help; do
     [ ! -d "$root/$panel" ] || allow $panel $below
@@ -34,7 +35,7 @@ done
 allow ui/audio $below ui/dialogs
 allow ui/main $below ui/dialogs ui/audio ui/optical ui/help
 
-for folder in $core; do
+for folder in $core rtf; do
     if grep -nE '^ *# *include *<(Q|qt)' "$root/$folder"/*; then
         echo "$folder includes the windowing toolkit (above)"
         result=1
