@@ -28,11 +28,12 @@ allow files model
 allow unit files model
 allow rtf
 allow ui/controls $core
-for panel in ui/dialogs ui/optical ui/help; do
+for panel in ui/dialogs ui/optical; do
     [ ! -d "$root/$panel" ] || allow $panel $below
 done
 # The fader dialog is one of the master fader's places.
 allow ui/audio $below ui/dialogs
+allow ui/help $below rtf
 allow ui/main $below ui/dialogs ui/audio ui/optical ui/help
 
 for folder in $core rtf; do
