@@ -28,6 +28,30 @@ constexpr Text AllSent = "All sent";
 constexpr Text OneUnsent = "1 change not in the unit - F2";
 constexpr Text ManyUnsent = " changes not in the unit - F2";
 
+constexpr Text LibraryHeader = "The device library could not be loaded. The console works off line.";
+constexpr Text LibraryFile = "\n\nFile: ";
+constexpr Text LibraryReason = "\nReason: ";
+constexpr Text LibraryPlaces = "\n\nLooked for, in this order:";
+
+constexpr Text NeedMissing = "a library that it needs was not found";
+constexpr Text NoLibrary = "it is not a library";
+constexpr Text OperationsLacking = "it lacks these operations: ";
+
+std::string Joined(const std::vector<std::string> &names)
+{
+    std::string text;
+    for (const std::string &name : names)
+        text += (text.empty() ? "" : ", ") + name;
+    return text;
+}
+
+/// "32-bit Windows"
+std::string KindText(const LibraryImage &image)
+{
+    return std::to_string(image.bits) +
+           (image.system == LibraryImage::System::Windows ? "-bit Windows" : "-bit Linux");
+}
+
 } // namespace
 
 std::string ErrorReport(Status status)
@@ -49,6 +73,38 @@ std::string SentText(std::optional<int> differences)
     if (*differences == 0)
         return AllSent;
     return *differences == 1 ? OneUnsent : std::to_string(*differences) + ManyUnsent;
+}
+
+std::string LibraryProblem(const std::string &file, const std::string &reason,
+                           const std::vector<std::string> &places)
+{
+    std::string text =
+        std::string(LibraryHeader) + LibraryFile + file + LibraryReason + reason + LibraryPlaces;
+    for (const std::string &place : places)
+        text += '\n' + place;
+    return text;
+}
+
+std::string NeedsMissing(const std::vector<std::string> &libraries)
+{
+    return libraries.empty() ? NeedMissing : std::string(NeedMissing) + ": " + Joined(libraries);
+}
+
+std::string OperationsMissing(const std::vector<std::string> &operations)
+{
+    return OperationsLacking + Joined(operations);
+}
+
+std::string WrongKind(const LibraryImage &library, const LibraryImage &program)
+{
+    if (library.system == LibraryImage::System::None)
+        return NoLibrary;
+    return "it is a " + KindText(library) + " library, this is the " + KindText(program) + " program";
+}
+
+std::string ErrorNumber(int code)
+{
+    return "error " + std::to_string(code);
 }
 
 } // namespace kelvo::messages

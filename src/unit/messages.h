@@ -1,9 +1,11 @@
 #pragma once
 
 #include "unit/devicelibrary.h"
+#include "unit/libraryimage.h"
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace kelvo::messages {
 
@@ -30,5 +32,17 @@ std::string ErrorReport(Status status);
 
 /// The line beside the lamp: "All sent", "3 changes not in the unit - F2", blank before a unit was read.
 std::string SentText(std::optional<int> differences);
+
+inline constexpr Text SystemSearchPath = "the system's search path";
+
+/// Why there is no device library: the file, the reason, and every place that was looked at, in order.
+std::string LibraryProblem(const std::string &file, const std::string &reason,
+                           const std::vector<std::string> &places);
+
+// Reasons that end a sentence of the box above.
+std::string NeedsMissing(const std::vector<std::string> &libraries); ///< may be empty: not known which
+std::string OperationsMissing(const std::vector<std::string> &operations);
+std::string WrongKind(const LibraryImage &library, const LibraryImage &program);
+std::string ErrorNumber(int code);
 
 } // namespace kelvo::messages
