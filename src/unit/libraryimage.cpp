@@ -1,32 +1,31 @@
 #include "unit/libraryimage.h"
 
+#include "model/records.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
-#include <string_view>
 
 namespace kelvo {
 
 namespace {
 
+constexpr std::uint32_t ElfMark = 0x464C457F;     // 7F "ELF"
+constexpr std::uint32_t WindowsMark = 0x5A4D;     // "MZ"
+constexpr std::uint32_t HeadersMark = 0x00004550; // "PE", 0, 0
+
 /// The file's bytes; what lies beyond their end reads as 0.
 class Image {
   public:
-    explicit Image(std::string bytes) : bytes_(std::move(bytes)) {}
+    explicit Image(const std::string &bytes) : bytes_(bytes.begin(), bytes.end()) {}
 
-    bool StartsWith(std::string_view text, std::uint64_t offset = 0) const
-    {
-        return offset <= bytes_.size() && std::string_view(bytes_).substr(offset).starts_with(text);
-    }
     /// A little-endian number of `size` bytes.
     std::uint32_t Number(std::uint64_t offset, int size) const
     {
         std::uint32_t number = 0;
-        for (int i = size - 1; i >= 0; --i) {
-            const std::uint64_t at = offset + std::uint64_t(i);
-            number = number << 8 | (at < bytes_.size() ? std::uint8_t(bytes_[at]) : 0U);
-        }
+        for (int i = size - 1; i >= 0; --i)
+            number = number << 8 | At(offset + std::uint64_t(i));
         return number;
     }
     std::uint32_t Half(std::uint64_t offset) const { return Number(offset, 2); }
@@ -34,11 +33,19 @@ class Image {
     /// The text up to the next zero byte.
     std::string Text(std::uint64_t offset) const
     {
-        return offset < bytes_.size() ? std::string(bytes_.c_str() + offset) : std::string();
+        std::string text;
+        while (const Byte byte = At(offset++))
+            text += char(byte);
+        return text;
     }
 
   private:
-    std::string bytes_;
+    Byte At(std::uint64_t offset) const
+    {
+        return offset < bytes_.size() ? Byte(bytes_[std::size_t(offset)]) : Byte(0);
+    }
+
+    std::vector<char> bytes_;
 };
 
 /// The headers of a Windows library, whose "PE" mark stands at `mark`.
@@ -102,12 +109,11 @@ LibraryImage ReadLibraryImage(const std::string &path)
     std::ifstream file(std::filesystem::path(std::u8string(path.begin(), path.end())), std::ios::binary);
     std::ostringstream bytes;
     bytes << file.rdbuf(); // unlike the iterators it does not throw when the path is a folder
-    const Image image(std::move(bytes).str());
-    if (image.StartsWith("\x7F"
-                         "ELF"))
+    const Image image(bytes.str());
+    if (image.Whole(0) == ElfMark)
         return {LibraryImage::System::Linux, image.Number(4, 1) == 1 ? 32 : 64, {}};
     const std::uint64_t mark = image.Whole(0x3C);
-    if (!image.StartsWith("MZ") || !image.StartsWith(std::string_view("PE\0\0", 4), mark))
+    if (image.Half(0) != WindowsMark || image.Whole(mark) != HeadersMark)
         return {};
     const WindowsHeaders headers(image, mark);
     return {LibraryImage::System::Windows, headers.Bits(), headers.Needs()};

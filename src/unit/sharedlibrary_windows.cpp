@@ -7,7 +7,6 @@
 #include <cstdlib>
 #include <filesystem>
 
-#define NOMINMAX
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
@@ -33,10 +32,15 @@ HMODULE ModuleOf(void *handle)
     return static_cast<HMODULE>(handle);
 }
 
-/// The environment's list of folders, the relative ones left out: they depend on the working folder.
-std::vector<fs::path> PathFolders()
+/// The system's search path: its own folder, the Windows folder and those of PATH, the relative ones left out
+/// since they depend on the working folder.
+std::vector<fs::path> SystemFolders()
 {
-    std::vector<fs::path> folders;
+    wchar_t system[MAX_PATH] = L"";
+    wchar_t windows[MAX_PATH] = L"";
+    GetSystemDirectoryW(system, MAX_PATH);
+    GetWindowsDirectoryW(windows, MAX_PATH);
+    std::vector<fs::path> folders{system, windows};
     const wchar_t *variable = _wgetenv(L"PATH");
     std::wstring_view rest = variable ? variable : L"";
     while (!rest.empty()) {
@@ -49,6 +53,27 @@ std::vector<fs::path> PathFolders()
     return folders;
 }
 
+/// Folders in which the loader looks for what a library needs, while this stands.
+class SearchedFolders {
+  public:
+    explicit SearchedFolders(const std::vector<fs::path> &folders)
+    {
+        for (const fs::path &folder : folders)
+            if (DLL_DIRECTORY_COOKIE cookie = AddDllDirectory(folder.c_str()))
+                cookies_.push_back(cookie);
+    }
+    ~SearchedFolders()
+    {
+        for (DLL_DIRECTORY_COOKIE cookie : cookies_)
+            RemoveDllDirectory(cookie);
+    }
+    SearchedFolders(const SearchedFolders &) = delete;
+    SearchedFolders &operator=(const SearchedFolders &) = delete;
+
+  private:
+    std::vector<DLL_DIRECTORY_COOKIE> cookies_;
+};
+
 /// What the system says about an error code, without the line's end and the full stop.
 std::string SystemText(DWORD code)
 {
@@ -60,7 +85,8 @@ std::string SystemText(DWORD code)
     return length > 0 ? Utf8(std::wstring(text, length)) : messages::ErrorNumber(int(code));
 }
 
-/// Adds the libraries that the file at `path` needs and that are nowhere, also through those beside it.
+/// Adds the libraries that the file at `path` needs and that are nowhere, also through those beside it. The
+/// folders of the load that failed must still be searched.
 void AddMissingNeeds(const fs::path &path, std::vector<std::string> &known, std::vector<std::string> &missing)
 {
     for (const std::string &need : ReadLibraryImage(Utf8(path)).needs) {
@@ -71,7 +97,8 @@ void AddMissingNeeds(const fs::path &path, std::vector<std::string> &known, std:
         std::error_code ignored;
         if (fs::exists(beside, ignored)) {
             AddMissingNeeds(beside, known, missing);
-        } else if (HMODULE found = LoadLibraryW(FromUtf8(need).c_str())) {
+        } else if (HMODULE found =
+                       LoadLibraryExW(FromUtf8(need).c_str(), nullptr, LOAD_LIBRARY_SEARCH_DEFAULT_DIRS)) {
             FreeLibrary(found);
         } else {
             missing.push_back(need);
@@ -105,34 +132,25 @@ std::string SharedLibrary::FileName(const std::string &name)
 
 std::vector<std::string> SharedLibrary::OnSystemPath(const std::string &fileName)
 {
-    wchar_t system[MAX_PATH] = L"";
-    wchar_t windows[MAX_PATH] = L"";
-    GetSystemDirectoryW(system, MAX_PATH);
-    GetWindowsDirectoryW(windows, MAX_PATH);
-    std::vector<fs::path> folders = PathFolders();
-    folders.insert(folders.begin(), {fs::path(system), fs::path(windows)});
     std::vector<std::string> paths;
-    for (const fs::path &folder : folders)
+    for (const fs::path &folder : SystemFolders())
         paths.push_back(Utf8(folder / FromUtf8(fileName)));
     return paths;
 }
 
-// The first attempt looks for the library's needs beside it and in the system's own folder. The second adds
-// the folders that old installers used: the Windows folder and those of PATH. The empty folder takes the
-// working folder out of every search, those of the library itself included.
+// The library's needs are looked for beside it, in the system's folder and, for what old installers left
+// there, in the Windows folder and those of PATH. The empty folder takes the working folder out of the
+// searches that the library itself starts later on.
 std::string SharedLibrary::Load(const std::string &path)
 {
     const fs::path file = FromUtf8(path).make_preferred();
     SetDllDirectoryW(L"");
     DWORD modeBefore = 0;
     SetThreadErrorMode(SEM_FAILCRITICALERRORS, &modeBefore); // the reason is told here, not in a system box
-    HMODULE module = LoadLibraryExW(file.c_str(), nullptr,
-                                    LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
-    if (!module && GetLastError() == ERROR_MOD_NOT_FOUND)
-        module = LoadLibraryExW(file.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
-    const DWORD code = module ? DWORD(ERROR_SUCCESS) : GetLastError();
-    handle_ = module;
-    const std::string reason = module ? "" : ReasonFor(code, file);
+    const SearchedFolders searched(SystemFolders());
+    handle_ = LoadLibraryExW(file.c_str(), nullptr,
+                             LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
+    const std::string reason = handle_ ? "" : ReasonFor(GetLastError(), file);
     SetThreadErrorMode(modeBefore, nullptr);
     return reason;
 }

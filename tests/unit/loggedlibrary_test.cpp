@@ -1,10 +1,10 @@
 #include "unit/loggedlibrary.h"
 
+#include "support/testfolder.h"
 #include "unit/simulatedunit.h"
 
 #include <doctest/doctest.h>
 
-#include <filesystem>
 #include <regex>
 #include <sstream>
 
@@ -12,26 +12,15 @@ using namespace kelvo;
 
 namespace {
 
-/// A unit behind a log in a folder of its own, whose name is not plain ASCII.
+/// A unit behind a log whose name is not plain ASCII.
 struct LogUnderTest {
-    std::filesystem::path folder = std::filesystem::temp_directory_path() / u8"kelvo log \u00E9";
-    std::string path;
+    TestFolder folder;
+    std::string path = folder.Path("calls \u0416.log");
     SimulatedUnit unit;
-
-    LogUnderTest()
-    {
-        std::filesystem::remove_all(folder);
-        std::filesystem::create_directories(folder);
-        const std::u8string text = (folder / u8"calls \u0416.log").u8string();
-        path.assign(text.begin(), text.end());
-    }
-    ~LogUnderTest() { std::filesystem::remove_all(folder); }
-    LogUnderTest(const LogUnderTest &) = delete;
-    LogUnderTest &operator=(const LogUnderTest &) = delete;
 
     std::vector<std::string> Lines() const
     {
-        std::ifstream file(folder / u8"calls \u0416.log", std::ios::binary);
+        std::istringstream file(folder.Get("calls \u0416.log").value_or(""));
         std::vector<std::string> lines;
         for (std::string line; std::getline(file, line);)
             lines.push_back(line);

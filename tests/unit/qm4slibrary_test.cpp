@@ -95,9 +95,17 @@ struct Places {
         fs::copy_file(Fakes / variant / File, folder / File, fs::copy_options::overwrite_existing);
     }
 
+    fs::path Folder(const std::string &name) const
+    {
+        const std::string path = root.Path(name);
+        const fs::path folder = std::u8string(path.begin(), path.end());
+        fs::create_directory(folder);
+        return folder;
+    }
+
     LibraryPlaces All() const
     {
-        return {given.Utf8(File), program.Utf8(), executable.Utf8()};
+        return {Utf8(given / File), Utf8(program), Utf8(executable)};
     }
 
     std::function<void(const std::string &)> Loaded()
@@ -304,10 +312,12 @@ TEST_CASE("the library is looked for at the given path, in the program's, then i
     places.Put(Places::SystemFolder());
     for (const fs::path &folder : {places.given, places.program, places.executable}) {
         places.loadedPaths.clear();
-        Qm4sLibrary library(places.All(), places.Loaded());
-        CHECK(library.TryLoad());
-        CHECK(library.Problem().empty());
-        CHECK(places.LoadedFrom(folder));
+        {
+            Qm4sLibrary library(places.All(), places.Loaded());
+            CHECK(library.TryLoad());
+            CHECK(library.Problem().empty());
+            CHECK(places.LoadedFrom(folder));
+        }
         fs::remove(folder / File);
     }
     places.loadedPaths.clear();
@@ -495,6 +505,21 @@ TEST_CASE("a library's own needs are found beside it")
     library.InitDLL(1);
     CHECK(places.Calls() == std::vector<std::string>{"InitDLL 1 4711"});
 }
+
+#if defined(_WIN32)
+TEST_CASE("what the library needs may also lie in a folder of PATH")
+{
+    Places places;
+    places.Put(places.program, "needy");
+    fs::copy_file(Fakes / "another" / AnotherFile, Places::SystemFolder() / AnotherFile);
+    {
+        Qm4sLibrary library(places.All());
+        CHECK(library.TryLoad());
+        CAPTURE(library.Problem());
+    }
+    fs::remove(Places::SystemFolder() / AnotherFile);
+}
+#endif
 
 TEST_CASE("a need that is missing is named, and is not taken from the working folder")
 {
