@@ -88,14 +88,24 @@ QObject *ConsoleUnderTest::FindObject(const char *name) const
     return nullptr;
 }
 
+void ConsoleUnderTest::KeepActive() const
+{
+    if (QApplication::activeWindow() || !window->isVisible())
+        return;
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+}
+
 QWidget *ConsoleUnderTest::Focus() const
 {
+    KeepActive();
     QWidget *focus = QApplication::focusWidget();
     return focus ? focus : window.get();
 }
 
 void ConsoleUnderTest::Click(const char *button)
 {
+    KeepActive();
     QTest::mouseClick(Find<QWidget>(button), Qt::LeftButton);
 }
 
@@ -108,6 +118,7 @@ void ConsoleUnderTest::Type(const char *field, const QString &text)
 void ConsoleUnderTest::TypeOnly(const char *field, const QString &text)
 {
     auto *control = Find<QLineEdit>(field);
+    KeepActive();
     control->setFocus();
     control->selectAll();
     if (text.isEmpty())
@@ -231,9 +242,6 @@ void ConsoleUnderTest::AnswerBox(QMessageBox *box)
     if (expected.whileOpen)
         expected.whileOpen();
     QTest::mouseClick(button, Qt::LeftButton);
-    // Offscreen nobody gives the focus back to the window when its box goes.
-    if (!QApplication::activeModalWidget() && window->isVisible())
-        window->activateWindow();
 }
 
 } // namespace kelvo

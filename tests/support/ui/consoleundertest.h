@@ -69,6 +69,8 @@ class ConsoleUnderTest : public QObject {
     void Type(const char *field, const QString &text);
     /// Types over the text and leaves the field as it is, the focus in it.
     void TypeOnly(const char *field, const QString &text);
+    /// What has the keyboard: a control, or the window.
+    QWidget *Focus() const;
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void Release(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     /// Press and release, on the control that has the focus.
@@ -111,7 +113,8 @@ class ConsoleUnderTest : public QObject {
     };
 
     QObject *FindObject(const char *name) const;
-    QWidget *Focus() const;
+    /// Offscreen nobody gives the focus back to the window when its box or dialog goes.
+    void KeepActive() const;
     void AnswerBox(QMessageBox *box);
 
     QTemporaryDir folder_;

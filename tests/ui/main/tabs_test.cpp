@@ -233,7 +233,7 @@ void TabsTest::aBadValueKeepsTheUserOnTheTab()
         console.Key(Qt::Key_H, Qt::AltModifier);
     QCOMPARE(Strip(console)->currentIndex(), 1);
     auto *field = console.Find<QLineEdit>("lblPNG(0)");
-    QCOMPARE(QApplication::focusWidget(), field);
+    QCOMPARE(console.Focus(), field);
     QCOMPARE(field->selectedText(), "9");
     QCOMPARE(console.Calls(), Calls());
     console.Type("lblPNG(0)", "0");
