@@ -1,6 +1,7 @@
 #include "ui/controls/levelpair.h"
 
 #include "support/ui/boxanswers.h"
+#include "support/ui/hands.h"
 
 #include <QComboBox>
 #include <QDialog>
@@ -10,7 +11,6 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QVBoxLayout>
-#include <QWheelEvent>
 
 using namespace kelvo;
 
@@ -82,55 +82,11 @@ class Window : public QWidget {
     }
 };
 
-void Key(QWidget *target, QEvent::Type type, int key, bool repeat = false,
-         Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-{
-    QKeyEvent event(type, key, modifiers, QString(), repeat);
-    QApplication::sendEvent(target, &event);
-}
-
-void Press(QWidget *target, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-{
-    Key(target, QEvent::KeyPress, key, false, modifiers);
-}
-
-/// As a display server sends it: the key stays down, each repeat is a release and a press.
-void Repeat(QWidget *target, int key)
-{
-    Key(target, QEvent::KeyRelease, key, true);
-    Key(target, QEvent::KeyPress, key, true);
-}
-
-void Release(QWidget *target, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-{
-    Key(target, QEvent::KeyRelease, key, false, modifiers);
-}
-
-void Tap(QWidget *target, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-{
-    Press(target, key, modifiers);
-    Release(target, key, modifiers);
-}
-
 void Type(LevelPair *pair, const QString &text)
 {
     pair->Field()->setFocus();
     pair->Field()->selectAll();
     QTest::keyClicks(pair->Field(), text);
-}
-
-QPoint ThumbOf(const LevelSlider *slider, int position)
-{
-    return {slider->width() / 2, slider->CentreOf(position)};
-}
-
-bool Wheel(QWidget *target, int angle)
-{
-    const QPointF middle = target->rect().center();
-    QWheelEvent event(middle, target->mapToGlobal(middle), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(target, &event);
-    return event.isAccepted();
 }
 
 } // namespace
