@@ -69,6 +69,8 @@ EqualiserPanel::EqualiserPanel(Settings &settings, UnitLink &link, EntryWindow &
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(1, 1);
     ChainTabs();
+    frmBandB_->ShowChannel(ChannelTitle[LeftSurround]);
+    frmBass_->ShowChannel(ChannelTitle[Subwoofer]);
     ReflectChannelButtons();
     ShowChannelPanel();
     LoadChannelData();

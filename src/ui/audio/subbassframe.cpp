@@ -57,7 +57,7 @@ QGroupBox *SubBassFrame::BuildOptions(const char *name, const QString &title,
         auto *option = Named(new QRadioButton(captions[i]), name, int(i));
         option->setAccessibleName(title + ", " + captions[i]);
         group->addButton(option, int(i));
-        rows->addWidget(option);
+        rows->addWidget(option, 0, Qt::AlignLeft);
     }
     rows->addStretch();
     connect(group, &QButtonGroup::idClicked, this, [this, byte](int index) { choose_(byte, index); });

@@ -4,6 +4,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <algorithm>
+
 using namespace kelvo;
 
 namespace {
@@ -12,6 +14,11 @@ const QString RangeTitle = "Range Check Error";
 const QString FaderError = "Error, Please enter a number between 0 and 9.9!";
 const QString Set7Title = "Set Fader = 7.0";
 const QString Set7Question = "Are you sure you want to Set Fader = 7.0 ?";
+
+int CountIn(const Calls &calls, const char *call)
+{
+    return int(std::ranges::count(calls, call));
+}
 
 /// The console with both fader sliders at hand.
 struct Console : ConsoleUnderTest {
@@ -22,12 +29,14 @@ struct Console : ConsoleUnderTest {
     LevelSlider *OfDialog() const { return Dialog()->findChild<LevelSlider *>("sclVol"); }
     QString Text(const char *field) const { return Find<QLineEdit>(field)->text(); }
 
+    int Count(const char *call) const { return CountIn(Calls(), call); }
+
     /// Opens the dialog as a user does, through "Adjust Fader" of the tab Output Trim.
     void OpenDialog()
     {
         GoTo(Tab::OutputTrim);
         Click("cmdAdjust(0)");
-        QVERIFY(QTest::qWaitForWindowActive(Dialog()));
+        QTRY_COMPARE(QApplication::activeWindow(), Dialog());
         Forget();
     }
 
@@ -443,7 +452,7 @@ void MasterFaderTest::tabQuestionSetsAndSendsNominal()
     console.GoTo(Tab::OutputTrim);
     QCOMPARE(console.Wrong("7.0", 29), QString());
     QCOMPARE(console.Calls().front(), "SetVol 70");
-    QCOMPARE(std::count(console.Calls().begin(), console.Calls().end(), "SetVol 70"), 0 + 1);
+    QCOMPARE(console.Count("SetVol 70"), 1);
 }
 
 void MasterFaderTest::adjustOpensTheDialogWithItsSliderInFocus()
@@ -534,7 +543,7 @@ void MasterFaderTest::cableLostDuringADragIsOneMessageAndTheLevelIsKept()
     console.AnswerNextBox("Connection Error", QMessageBox::Ok);
     Drop(console.Main());
     QVERIFY(console.AllBoxesSeen());
-    QCOMPARE(std::count(console.Calls().begin(), console.Calls().end(), "SetVol 60"), 0 + 6);
+    QCOMPARE(console.Count("SetVol 60"), 6);
     QCOMPARE(console.Wrong("6.0", 39), QString());
     QCOMPARE(console.settings.FaderLevel, Word(60));
     QVERIFY(!console.Main()->isEnabled());
