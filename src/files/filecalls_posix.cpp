@@ -54,7 +54,7 @@ std::error_code FileCalls::Follow(std::string &path) const
         if (length < 0)
             return errno == EINVAL || errno == ENOENT ? std::error_code() : LastError();
         const std::string next(target.data(), std::size_t(length));
-        path = next.starts_with('/') ? next : FolderOf(path) + next;
+        path = next.starts_with('/') ? next : FolderOf(path).append(next);
     }
     return {ELOOP, std::system_category()};
 }

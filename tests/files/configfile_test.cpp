@@ -280,7 +280,8 @@ TEST_CASE("a file cut anywhere is refused, but for its last line end")
 
 TEST_CASE("a file with any byte changed is either refused whole or a whole load of what it says now")
 {
-    const std::string values("\0\t\n\r \"+,-./059:Az\x7F\x80\xC3\xBC\xFF", 23);
+    using namespace std::string_literals;
+    const std::string values = "\0\t\n\r \"+,-./059:Az\x7F\x80\xC3\xBC\xFF"s;
     const Settings before = SampleSettings();
     const std::string untouched = Everything(before);
     int loads = 0;

@@ -83,7 +83,8 @@ TEST_CASE("an old name with the new header is the new format, good or bad")
 TEST_CASE("empty files, short and long old files and 10 MB of noise are the wrong format")
 {
     const TestFolder folder;
-    std::string noise(10'000'000, '\0');
+    std::string noise;
+    noise.resize(10'000'000);
     std::mt19937 random(1);
     for (char &c : noise)
         c = char(random());
@@ -119,7 +120,9 @@ TEST_CASE("settings.dat comes back; missing, damaged or a folder it gives the de
     REQUIRE_FALSE(WritePreferences(path, chosen));
     CHECK(folder.Get("settings.dat") == "2\r\nFalse\r\nTrue\r\nFalse\r\n0\r\n32767\r\n");
     CHECK(ReadPreferences(path) == chosen);
-    folder.Put("settings.dat", std::string(10'000'000, '1'));
+    std::string digits;
+    digits.resize(10'000'000, '1');
+    folder.Put("settings.dat", digits);
     CHECK(ReadPreferences(path) == Preferences());
     folder.Put("settings.dat", "4\r\n\xFF\xFE");
     CHECK(ReadPreferences(path) == Preferences{.ComPort = 4});
