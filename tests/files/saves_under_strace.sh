@@ -7,7 +7,6 @@ program=$1
 skipped=77
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-export ASAN_OPTIONS=detect_leaks=0 # the leak check cannot run under a tracer
 
 if ! strace -qq -o /dev/null -e trace=write -e inject=write:error=EIO:when=99 true 2>/dev/null; then
     echo "Left out: strace cannot trace here."
