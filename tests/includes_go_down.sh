@@ -21,7 +21,7 @@ allow() {
     fi
 }
 
-core="model files unit"
+core="model files unit rtf"
 below="$core ui/controls"
 allow model
 allow files model
