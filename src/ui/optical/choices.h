@@ -3,6 +3,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QRadioButton>
 #include <QWheelEvent>
 
 namespace kelvo {
@@ -16,6 +17,28 @@ class ChoiceList : public QComboBox {
 
   protected:
     void wheelEvent(QWheelEvent *event) override;
+};
+
+/// An option button that takes a click anywhere in its row: a larger target than mark and text.
+class OptionButton : public QRadioButton {
+    Q_OBJECT
+
+  public:
+    using QRadioButton::QRadioButton;
+
+  protected:
+    bool hitButton(const QPoint &position) const override { return rect().contains(position); }
+};
+
+/// A check box with the same large target.
+class CheckBox : public QCheckBox {
+    Q_OBJECT
+
+  public:
+    using QCheckBox::QCheckBox;
+
+  protected:
+    bool hitButton(const QPoint &position) const override { return rect().contains(position); }
 };
 
 // Each shows a stored value quietly; a value that the control does not offer shows no choice.

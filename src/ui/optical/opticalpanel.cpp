@@ -2,11 +2,11 @@
 
 #include "ui/controls/named.h"
 #include "ui/controls/uploadbutton.h"
+#include "ui/optical/choices.h"
 #include "ui/optical/messages.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
@@ -90,7 +90,7 @@ QGroupBox *OpticalPanel::BuildMeasurements()
     layout->setSpacing(Spacing);
     auto *optOptical = new QButtonGroup(group);
     for (int index = 0; index < int(Measurements.size()); ++index) {
-        auto *option = Named(new QRadioButton(tr(Measurements[std::size_t(index)])), "optOptical", index);
+        auto *option = Named(new OptionButton(tr(Measurements[std::size_t(index)])), "optOptical", index);
         option->setChecked(index == int(measurement_));
         optOptical->addButton(option, index);
         layout->addWidget(option);

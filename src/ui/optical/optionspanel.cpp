@@ -8,7 +8,6 @@
 
 #include <QFormLayout>
 #include <QGridLayout>
-#include <QRadioButton>
 #include <QVBoxLayout>
 
 namespace kelvo {
@@ -21,9 +20,9 @@ constexpr int SurroundDelayCount = 11; ///< 0 to 100 ms in tens
 constexpr int Spacing = 6;
 constexpr int GroupSpacing = 12;
 
-QRadioButton *BuildOption(const char *name, int index, const char *caption, QButtonGroup *group)
+OptionButton *BuildOption(const char *name, int index, const char *caption, QButtonGroup *group)
 {
-    auto *option = Named(new QRadioButton(QString::fromUtf8(caption)), name, index);
+    auto *option = Named(new OptionButton(QString::fromUtf8(caption)), name, index);
     group->addButton(option, index);
     return option;
 }
@@ -120,7 +119,7 @@ QGroupBox *OptionsPanel::BuildMatrix()
 {
     auto *group = new QGroupBox(tr("Matrix"));
     auto *layout = new QVBoxLayout(group);
-    chkDisableMatrix_ = Named(new QCheckBox(tr(MatrixDisabled)), "chkDisableMatrix");
+    chkDisableMatrix_ = Named(new CheckBox(tr(MatrixDisabled)), "chkDisableMatrix");
     layout->addWidget(chkDisableMatrix_);
     connect(chkDisableMatrix_, &QCheckBox::clicked, this, &OptionsPanel::chkDisableMatrix_Click);
     return group;
