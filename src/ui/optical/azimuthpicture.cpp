@@ -132,7 +132,8 @@ void AzimuthSurface::SetScaledSide(int pixels)
 
 int AzimuthSurface::Scale(int unit) const
 {
-    return int(std::lrint(double(unit) * scaled_.width() / AzimuthSide));
+    // Rounded up: so the cross-hair, which is one unit wide, keeps a pixel at half the size still.
+    return (unit * scaled_.width() + AzimuthSide - 1) / AzimuthSide;
 }
 
 QRect AzimuthSurface::Scale(const QRect &units) const

@@ -2,15 +2,18 @@
 
 #include "ui/controls/named.h"
 
+#include <QPainter>
+
 #include <algorithm>
 
 namespace kelvo {
 
 namespace {
 
-constexpr int Gap = 6;
-constexpr QSize SmallestGraph{300, 280};
-constexpr int SmallestAzimuth = 120;
+constexpr int Gap = 8;
+constexpr int Frame = 1;
+constexpr QSize SmallestGraph{305, 280};
+constexpr int SmallestAzimuth = 130;
 
 } // namespace
 
@@ -34,7 +37,7 @@ void GraphArea::ShowAzimuth(bool show)
 
 QSize GraphArea::minimumSizeHint() const
 {
-    return SmallestGraph + QSize(Gap + SmallestAzimuth, 0);
+    return SmallestGraph + QSize(Gap + SmallestAzimuth, 0) + QSize(2 * Frame, 2 * Frame);
 }
 
 void GraphArea::resizeEvent(QResizeEvent *)
@@ -42,18 +45,31 @@ void GraphArea::resizeEvent(QResizeEvent *)
     Arrange();
 }
 
+/// The boxes are white on whatever ground the theme gives: a thin frame sets them off.
+void GraphArea::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Mid));
+    for (const QWidget *box : {static_cast<QWidget *>(OptGraph_), static_cast<QWidget *>(optAzi_)}) {
+        if (box->isVisible())
+            painter.drawRect(box->geometry().adjusted(-Frame, -Frame, 0, 0));
+    }
+}
+
 void GraphArea::Arrange()
 {
-    int graphHeight = std::min(height(), width() * GraphHeight / GraphWidth);
+    const QSize room = size() - QSize(2 * Frame, 2 * Frame);
+    int graphHeight = std::min(room.height(), room.width() * GraphHeight / GraphWidth);
     if (!optAzi_->isHidden()) {
         // Both boxes are equally high where the width allows; the graph never gets too small to be read.
-        const int shared = (width() - Gap) * GraphHeight / (GraphWidth + GraphHeight);
-        graphHeight = std::min(height(), std::max(shared, SmallestGraph.height()));
+        const int shared = (room.width() - Gap) * GraphHeight / (GraphWidth + GraphHeight);
+        graphHeight = std::min(room.height(), std::max(shared, SmallestGraph.height()));
     }
     const QSize graph(graphHeight * GraphWidth / GraphHeight, graphHeight);
-    OptGraph_->setGeometry(QRect(QPoint(0, 0), graph));
-    const int side = std::min(height(), width() - graph.width() - Gap);
-    optAzi_->setGeometry(graph.width() + Gap, 0, side, side);
+    OptGraph_->setGeometry(QRect(QPoint(Frame, Frame), graph));
+    const int side = std::min(room.height(), room.width() - graph.width() - Gap);
+    optAzi_->setGeometry(Frame + graph.width() + Gap, Frame, side, side);
+    update();
 }
 
 } // namespace kelvo

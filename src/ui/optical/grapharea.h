@@ -23,6 +23,7 @@ class GraphArea : public QWidget {
 
   protected:
     void resizeEvent(QResizeEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
   private:
     void Arrange();

@@ -118,8 +118,8 @@ GraphPicture DrawSlit(const SlitReadings &slit)
     graph.texts.reserve(ReaderSides * BandLabels.size() + 4);
     DrawFrame(graph, SlitReference);
     graph.lines.push_back({Divider, 0, Divider, GraphBaseLine});
-    PrintOnGraph(graph, 2, 38, "12 dB");
-    PrintOnGraph(graph, 2, 48, "Range");
+    PrintOnGraph(graph, 2, 40, "12 dB");
+    PrintOnGraph(graph, 2, 49, "Range");
     PrintOnGraph(graph, 140, 275, "Band (kHz)");
     for (std::size_t side = 0; side < slit.size(); ++side) {
         DrawSide(graph, FirstBar[side], slit[side]);

@@ -17,6 +17,7 @@ namespace {
 
 constexpr int Spacing = 6;
 constexpr int GroupSpacing = 12;
+constexpr int PanelMargin = 3;
 constexpr int BigButtonHeight = 48;
 
 /// Deliberate: position 0, the top, is the lowest level here.
@@ -38,6 +39,7 @@ ObePanel::ObePanel(Settings &settings, UnitLink &link, EntryWindow &entries, QPu
     right->addWidget(BuildUploadButton(2, link, entries));
 
     auto *layout = new QGridLayout(this);
+    layout->setContentsMargins(PanelMargin, PanelMargin, PanelMargin, PanelMargin);
     layout->setHorizontalSpacing(GroupSpacing);
     layout->addWidget(BuildObe(), 0, 0, Qt::AlignTop);
     layout->addWidget(BuildLevel(entries), 0, 1);

@@ -29,6 +29,7 @@ constexpr Word StreamFormat = 1;
 
 constexpr int Spacing = 6;
 constexpr int GroupSpacing = 12;
+constexpr int PanelMargin = 3;
 
 void Fill(QLabel *label, const QColor &ground, const QColor &ink)
 {
@@ -65,8 +66,8 @@ OpticalPanel::OpticalPanel(Settings &settings, UnitLink &link, EntryWindow &entr
     connect(surroundings_.cmdMute4, &QPushButton::clicked, this, &OpticalPanel::cmdMute4_Click);
 
     auto *layout = new QGridLayout(this);
-    layout->setHorizontalSpacing(GroupSpacing);
-    layout->setVerticalSpacing(GroupSpacing);
+    layout->setContentsMargins(PanelMargin, PanelMargin, PanelMargin, PanelMargin);
+    layout->setSpacing(GroupSpacing);
     layout->addWidget(graphs_, 0, 0);
     layout->addLayout(controls, 0, 1);
     layout->addWidget(BuildRT60(), 1, 0);
@@ -101,7 +102,7 @@ QGroupBox *OpticalPanel::BuildMeasurements()
 
 QGroupBox *OpticalPanel::BuildProjectors()
 {
-    auto *group = new QGroupBox(tr("Reader of"));
+    auto *group = new QGroupBox(tr("Projector"));
     auto *layout = new QVBoxLayout(group);
     layout->setSpacing(Spacing);
     for (int index = 0; index < int(cmdPro_.size()); ++index) {
@@ -119,6 +120,10 @@ QWidget *OpticalPanel::BuildStart()
     lblStart_ = Named(new QLabel(tr(PressStart)), "lblStart");
     KeepPlaceWhenHidden(lblStart_);
     cmdStart_ = Named(new QPushButton(tr(CaptionStart)), "cmdStart");
+    // The column stays as narrow as its label allows: the graphs need the room.
+    cmdStart_->setMinimumWidth(cmdStart_->fontMetrics().horizontalAdvance(cmdStart_->text()) +
+                               2 * GroupSpacing);
+    cmdStart_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     connect(cmdStart_, &QPushButton::clicked, this, &OpticalPanel::cmdStart_Click);
     lblLock_ = Named(new QLabel(tr(Locked)), "lblLock");
     lblLock_->setAlignment(Qt::AlignCenter);
@@ -132,6 +137,7 @@ QWidget *OpticalPanel::BuildStart()
     layout->setSpacing(Spacing);
     layout->addWidget(lblStart_, 0, 0);
     layout->addWidget(cmdStart_, 0, 1);
+    layout->setColumnStretch(1, 1);
     layout->addWidget(lblLock_, 1, 0, 1, 2);
     return row;
 }

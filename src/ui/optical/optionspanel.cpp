@@ -19,6 +19,7 @@ constexpr int SurroundDelayCount = 11; ///< 0 to 100 ms in tens
 
 constexpr int Spacing = 6;
 constexpr int GroupSpacing = 12;
+constexpr int PanelMargin = 3;
 
 OptionButton *BuildOption(const char *name, int index, const char *caption, QButtonGroup *group)
 {
@@ -48,6 +49,7 @@ OptionsPanel::OptionsPanel(Settings &settings, UnitLink &link, EntryWindow &entr
     right->addStretch();
 
     auto *layout = new QGridLayout(this);
+    layout->setContentsMargins(PanelMargin, PanelMargin, PanelMargin, PanelMargin);
     layout->setHorizontalSpacing(GroupSpacing);
     layout->setVerticalSpacing(GroupSpacing);
     layout->addLayout(left, 0, 0);

@@ -164,7 +164,7 @@ QRect OptGraph::ToWindow(const QRect &units) const
 
 void OptGraph::paintEvent(QPaintEvent *event)
 {
-    constexpr double SmallFontUnits = 9;
+    constexpr double SmallFontUnits = 8;
     constexpr double FontUnits = GraphFontSize * 4 / 3;
     QPainter painter(this);
     painter.fillRect(event->rect(), Qt::white);

@@ -41,6 +41,15 @@ struct Stream {
     QRgb At(int x, int y) const { return picture.Image().pixel(x, y); }
 };
 
+int Blacks(const QImage &image, const QRect &part)
+{
+    int blacks = 0;
+    for (int y = part.top(); y <= part.bottom(); ++y)
+        for (int x = part.left(); x <= part.right(); ++x)
+            blacks += image.pixel(x, y) == Black;
+    return blacks;
+}
+
 /// The same picture drawn the slow way, without any of the console's code: positions by exact halves, a
 /// plain map from unit to colour, the whole rule for every reading.
 class SlowPicture {
@@ -255,6 +264,49 @@ class AzimuthPictureTest : public QObject {
                 seen.insert(slow.At(x, y));
             }
         QCOMPARE(seen, (std::set<QRgb>{White, Blue, Black}));
+    }
+
+    void theScaledPictureIsTheSameWhetherDrawnStepByStepOrAtOnce_data()
+    {
+        QTest::addColumn<int>("side");
+        for (const int side : {130, 163, 164, 255, 256, 301, 512, 777})
+            QTest::addRow("%d pixels", side) << side;
+    }
+    void theScaledPictureIsTheSameWhetherDrawnStepByStepOrAtOnce()
+    {
+        QFETCH(int, side);
+        std::mt19937 random(7);
+        std::uniform_int_distribution<int> byte(-40, 39);
+        Stream steps;
+        Stream atOnce;
+        steps.picture.SetScaledSide(side);
+        for (int reading = 0; reading < 60; ++reading) {
+            Frame frame;
+            for (Byte &value : frame)
+                value = Byte(byte(random));
+            steps.Read(frame);
+            atOnce.Read(frame);
+        }
+        atOnce.picture.SetScaledSide(side);
+        QCOMPARE(steps.picture.Scaled(), atOnce.picture.Scaled());
+        QCOMPARE(steps.picture.Scaled().size(), QSize(side, side));
+    }
+
+    void theCrossHairIsSeenAtEverySize()
+    {
+        for (int side = 130; side < 700; ++side) {
+            Stream stream;
+            stream.Read(FrameOf(100, 100));
+            stream.picture.SetScaledSide(side);
+            const QImage &scaled = stream.picture.Scaled();
+            int across = 0;
+            int down = 0;
+            for (int pixel = 0; pixel < side; ++pixel) {
+                across = std::max(across, Blacks(scaled, QRect(0, pixel, side, 1)));
+                down = std::max(down, Blacks(scaled, QRect(pixel, 0, 1, side)));
+            }
+            QVERIFY(across > side / 2 && down > side / 2);
+        }
     }
 
     void clearingLeavesWhiteGround()

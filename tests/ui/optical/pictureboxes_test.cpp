@@ -274,7 +274,7 @@ class PictureBoxesTest : public QObject {
     {
         QTest::addColumn<QSize>("size");
         QTest::newRow("small laptop") << QSize(450, 380);
-        QTest::newRow("least") << QSize(426, 280);
+        QTest::newRow("least") << QSize(445, 282);
         QTest::newRow("large screen") << QSize(1500, 850);
         QTest::newRow("wide and low") << QSize(1500, 300);
         QTest::newRow("tall") << QSize(500, 900);
@@ -299,7 +299,7 @@ class PictureBoxesTest : public QObject {
             QVERIFY(area.rect().contains(azimuth.geometry()));
             QVERIFY(!azimuth.geometry().intersects(graph.geometry()));
             QCOMPARE(azimuth.width(), azimuth.height());
-            QVERIFY(azimuth.width() >= 110);
+            QVERIFY(azimuth.width() >= 130);
         }
     }
 
