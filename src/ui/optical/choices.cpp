@@ -4,6 +4,12 @@
 
 namespace kelvo {
 
+ChoiceList::ChoiceList()
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setStyleSheet(QStringLiteral("combobox-popup: 0"));
+}
+
 void ChoiceList::wheelEvent(QWheelEvent *event)
 {
     if (hasFocus())

@@ -8,12 +8,13 @@
 
 namespace kelvo {
 
-/// A list box that leaves the wheel to its surroundings unless it has the focus.
+/// A list box that drops down with a scroll bar, however long it is, and leaves the wheel to its
+/// surroundings unless it has the focus.
 class ChoiceList : public QComboBox {
     Q_OBJECT
 
   public:
-    ChoiceList() { setFocusPolicy(Qt::StrongFocus); }
+    ChoiceList();
 
   protected:
     void wheelEvent(QWheelEvent *event) override;

@@ -392,18 +392,6 @@ class OpticalPanelTest : public QObject {
         QCOMPARE(console.Calls(), Calls{"GetOptGain"});
     }
 
-    void startBeginsTheAzimuthHistoryAtItsFirstLine()
-    {
-        Optical console;
-        console.Stream("optOptical(2)");
-        const QImage first = console.Find<QWidget>("optAzi")->grab().toImage();
-        for (int reading = 0; reading < 4; ++reading)
-            console.Tick("tmrOptical");
-        console.Click("cmdStart");
-        console.Stream("optOptical(2)");
-        QCOMPARE(console.Find<QWidget>("optAzi")->grab().toImage(), first);
-    }
-
     void theTimerReadsByItselfAndTheScreenFollows()
     {
         Optical console;
