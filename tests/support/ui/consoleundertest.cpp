@@ -72,22 +72,6 @@ ConsoleUnderTest::~ConsoleUnderTest()
     qApp->removeEventFilter(this);
 }
 
-QObject *ConsoleUnderTest::FindObject(const char *name) const
-{
-    const QString wanted = QLatin1String(name);
-    if (window->objectName() == wanted)
-        return window.get();
-    if (auto *child = window->findChild<QObject *>(wanted))
-        return child;
-    for (QWidget *top : QApplication::topLevelWidgets()) {
-        if (top->objectName() == wanted)
-            return top;
-        if (auto *child = top->findChild<QObject *>(wanted))
-            return child;
-    }
-    return nullptr;
-}
-
 void ConsoleUnderTest::KeepActive() const
 {
     if (QApplication::activeWindow() || !window->isVisible())

@@ -5,6 +5,7 @@
 #include "ui/main/frmmain.h"
 #include "unit/simulatedunit.h"
 
+#include <QApplication>
 #include <QMessageBox>
 #include <QSlider>
 #include <QTemporaryDir>
@@ -58,10 +59,17 @@ class ConsoleUnderTest : public QObject {
     template <typename Control>
     Control *Find(const char *name) const
     {
-        auto *control = dynamic_cast<Control *>(FindObject(name));
-        if (!control)
-            qFatal("no control of this kind is named %s", name);
-        return control;
+        const QString wanted = QLatin1String(name);
+        QList<QWidget *> windows = QApplication::topLevelWidgets();
+        windows.prepend(window.get());
+        for (QWidget *top : windows) {
+            auto *control = dynamic_cast<Control *>(top);
+            if (!control || top->objectName() != wanted)
+                control = top->findChild<Control *>(wanted);
+            if (control)
+                return control;
+        }
+        qFatal("no control of this kind is named %s", name);
     }
 
     void Click(const char *button);
@@ -112,7 +120,6 @@ class ConsoleUnderTest : public QObject {
         std::function<void()> whileOpen;
     };
 
-    QObject *FindObject(const char *name) const;
     /// Offscreen nobody gives the focus back to the window when its box or dialog goes.
     void KeepActive() const;
     void AnswerBox(QMessageBox *box);

@@ -1,0 +1,331 @@
+#include "support/ui/consoleundertest.h"
+
+#include "files/configfile.h"
+#include "files/preferencesfile.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+
+using namespace kelvo;
+
+class ExitTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void aQuietExitAsksToRevertAndEndsTheConnection();
+    void offLineNothingIsAskedAndNothingSent();
+    void cancelKeepsTheProgramRunningAndWritesNothing();
+    void yesSavesTheOpenFile();
+    void yesWithoutAFileGoesThroughSaveAs();
+    void aSaveThatIsCancelledCallsTheExitOff();
+    void aSaveThatFailsCallsTheExitOff();
+    void aBadValueCallsTheExitOff();
+    void revertLoadsTheSnapshotAndSendsBothRecords();
+    void revertAsksNoSaveAgain();
+    void withoutASnapshotNothingIsReverted();
+    void theFirstLaterConnectionTakesTheSnapshot();
+    void thePreferencesAreWritten();
+    void preferencesThatCannotBeWrittenAreReported();
+    void whatTheConsoleLeftRunningIsSwitchedOff();
+    void aRunningStreamIsStoppedAsItsButtonWould();
+    void aLinkLostOnTheWayOutIsToldOnce();
+    void aSecondCloseDuringAQuestionIsIgnored();
+    void aSecondConsoleLeavesTheFirstOnesFilesAlone();
+    void exitIsTheMenusLastItem();
+    void theEndOfASessionAsksWhenItMay();
+    void theEndOfASessionThatMayNotAskJustCloses();
+    void everyWindowGoes();
+};
+
+namespace {
+
+const Calls End{"StopStream", "SetDLLBaud 0", "DLLShutdown"};
+
+void AnswerRevert(ConsoleUnderTest &console, QMessageBox::StandardButton answer)
+{
+    console.AnswerNextBox("Revert?", answer, "Do you want to revert back to original settings?",
+                          [&console] { QCOMPARE(console.OpenBox()->icon(), QMessageBox::Question); });
+}
+
+void AnswerSave(ConsoleUnderTest &console, QMessageBox::StandardButton answer)
+{
+    console.AnswerNextBox("Save?", answer, "Do you want to save changes before you exit?",
+                          [&console] { QCOMPARE(console.OpenBox()->icon(), QMessageBox::Question); });
+}
+
+} // namespace
+
+void ExitTest::aQuietExitAsksToRevertAndEndsTheConnection()
+{
+    ConsoleUnderTest console;
+    AnswerRevert(console, QMessageBox::No);
+    QVERIFY(console.window->close());
+    QCOMPARE(console.Calls(), End);
+    QVERIFY(!QFile::exists(console.File("temp.qm4")));
+    QVERIFY(QFile::exists(console.File("settings.dat")));
+    console.Forget();
+    console.Tick("tmrPoll");
+    console.Tick("tmrRefresh");
+    QCOMPARE(console.Calls(), Calls());
+}
+
+void ExitTest::offLineNothingIsAskedAndNothingSent()
+{
+    ConsoleUnderTest console(OffLine);
+    QVERIFY(console.window->close());
+    QCOMPARE(console.Calls(), Calls());
+    QVERIFY(QFile::exists(console.File("settings.dat")));
+}
+
+void ExitTest::cancelKeepsTheProgramRunningAndWritesNothing()
+{
+    ConsoleUnderTest console;
+    console.settings.SettingsChanged = true;
+    AnswerSave(console, QMessageBox::Cancel);
+    QVERIFY(!console.window->close());
+    QVERIFY(console.window->isVisible());
+    QCOMPARE(console.Calls(), Calls());
+    QVERIFY(QFile::exists(console.File("temp.qm4")));
+    QVERIFY(!QFile::exists(console.File("settings.dat")));
+    QVERIFY(console.Find<QTimer>("tmrPoll")->isActive());
+    console.Tick("tmrPoll");
+    QCOMPARE(console.Calls(), (Calls{"GetFormat", "GetMute", "GetVol"}));
+}
+
+void ExitTest::yesSavesTheOpenFile()
+{
+    ConsoleUnderTest console;
+    console.settings.CurrentFileName = console.File("open.zcf").toStdString();
+    console.settings.SettingsChanged = true;
+    AnswerSave(console, QMessageBox::Yes);
+    AnswerRevert(console, QMessageBox::No);
+    QVERIFY(console.window->close());
+    QVERIFY(QFile::exists(console.File("open.zcf")));
+}
+
+void ExitTest::yesWithoutAFileGoesThroughSaveAs()
+{
+    ConsoleUnderTest console;
+    console.settings.SettingsChanged = true;
+    AnswerSave(console, QMessageBox::Yes);
+    console.ChooseNextFile(console.File("chosen.zcf"));
+    AnswerRevert(console, QMessageBox::No);
+    QVERIFY(console.window->close());
+    QVERIFY(QFile::exists(console.File("chosen.zcf")));
+}
+
+void ExitTest::aSaveThatIsCancelledCallsTheExitOff()
+{
+    ConsoleUnderTest console;
+    console.settings.SettingsChanged = true;
+    AnswerSave(console, QMessageBox::Yes);
+    console.ChooseNextFile("");
+    QVERIFY(!console.window->close());
+    QVERIFY(console.settings.SettingsChanged);
+    QCOMPARE(console.Calls(), Calls());
+}
+
+void ExitTest::aSaveThatFailsCallsTheExitOff()
+{
+    ConsoleUnderTest console;
+    QVERIFY(QDir().mkdir(console.File("folder.zcf")));
+    console.settings.CurrentFileName = console.File("folder.zcf").toStdString();
+    console.settings.SettingsChanged = true;
+    AnswerSave(console, QMessageBox::Yes);
+    console.AnswerNextBox("File Error", QMessageBox::Ok);
+    QVERIFY(!console.window->close());
+    QVERIFY(console.settings.SettingsChanged);
+}
+
+void ExitTest::aBadValueCallsTheExitOff()
+{
+    ConsoleUnderTest console(OnLine, Tab::OutputTrim);
+    console.TypeOnly("lblPNG(0)", "8");
+    console.AnswerNextBox("Range Check Error", QMessageBox::Ok);
+    QVERIFY(!console.window->close());
+    QCOMPARE(console.Calls(), Calls());
+    console.Type("lblPNG(0)", "0");
+}
+
+void ExitTest::revertLoadsTheSnapshotAndSendsBothRecords()
+{
+    ConsoleUnderTest console(OnLine, Tab::OutputTrim, [](ConsoleUnderTest &test) {
+        test.unit.panel.level = 70;
+        test.unit.audio.ChannelTrim[Center] = 5;
+    });
+    console.settings.Options.AutoUpload = true;
+    console.Type("lblPNG(2)", "-1");
+    QCOMPARE(console.unit.audio.ChannelTrim[Center], Byte(14));
+    console.Type("lblVol(0)", "3");
+    console.Forget();
+    console.settings.SettingsChanged = false;
+    AnswerRevert(console, QMessageBox::Yes);
+    QVERIFY(console.window->close());
+    const Calls reverted{"SetVol 70", "SelectFormat 4", "SetMute 0",    "SetSystem",
+                         "SetAudio",  "StopStream",     "SetDLLBaud 0", "DLLShutdown"};
+    QCOMPARE(console.Calls(), reverted);
+    QCOMPARE(console.unit.audio.ChannelTrim[Center], Byte(5));
+    QVERIFY(!QFile::exists(console.File("temp.qm4")));
+}
+
+void ExitTest::revertAsksNoSaveAgain()
+{
+    ConsoleUnderTest console;
+    console.settings.FileLoaded = true;
+    console.settings.SettingsChanged = true;
+    AnswerSave(console, QMessageBox::No);
+    AnswerRevert(console, QMessageBox::Yes);
+    QVERIFY(console.window->close());
+    QVERIFY(console.AllBoxesSeen());
+}
+
+void ExitTest::withoutASnapshotNothingIsReverted()
+{
+    ConsoleUnderTest console(OnLine, Tab::FormatSelection,
+                             [](ConsoleUnderTest &test) { test.places.ownsFiles = false; });
+    QVERIFY(console.window->close());
+    QCOMPARE(console.Calls(), End);
+}
+
+void ExitTest::theFirstLaterConnectionTakesTheSnapshot()
+{
+    ConsoleUnderTest console(OffLine);
+    console.unit.panel.plugged = true;
+    console.settings.SettingsChanged = true;
+    console.Click("cmdConnect");
+    QVERIFY(QFile::exists(console.File("temp.qm4")));
+    QVERIFY(console.settings.SettingsChanged);
+    QCOMPARE(console.window->windowTitle(), "Kelvo Cinema Processor and EQ Software   <CP Settings>");
+    AnswerSave(console, QMessageBox::No);
+    AnswerRevert(console, QMessageBox::No);
+    QVERIFY(console.window->close());
+    QVERIFY(!QFile::exists(console.File("temp.qm4")));
+}
+
+void ExitTest::thePreferencesAreWritten()
+{
+    ConsoleUnderTest console;
+    console.Trigger("mnuCom2");
+    console.Trigger("mnuAuto");
+    console.settings.Options.RefreshSeconds = 15;
+    AnswerRevert(console, QMessageBox::No);
+    QVERIFY(console.window->close());
+    const Preferences kept{.ComPort = 2, .AutoUpload = true, .RefreshSeconds = 15};
+    QVERIFY(ReadPreferences(console.File("settings.dat").toStdString()) == kept);
+}
+
+void ExitTest::preferencesThatCannotBeWrittenAreReported()
+{
+    ConsoleUnderTest console(OffLine);
+    QVERIFY(QDir().mkdir(console.File("settings.dat")));
+    QVERIFY(console.window->close());
+    QCOMPARE(console.reports.size(), 1);
+    QVERIFY(console.reports.front().startsWith("Cannot save " + console.File("settings.dat") + ": "));
+}
+
+void ExitTest::whatTheConsoleLeftRunningIsSwitchedOff()
+{
+    ConsoleUnderTest console(OnLine, Tab::OutputTrim);
+    console.Click("cmdPN(3)");
+    console.Click("cmdPhase(1)");
+    console.Forget();
+    AnswerRevert(console, QMessageBox::No);
+    QVERIFY(console.window->close());
+    QCOMPARE(console.Calls(),
+             (Calls{"SetPink 3 0", "SetPhase 1 0", "StopStream", "SetDLLBaud 0", "DLLShutdown"}));
+}
+
+void ExitTest::aRunningStreamIsStoppedAsItsButtonWould()
+{
+    ConsoleUnderTest console(OnLine, Tab::OpticalSetup);
+    console.Click("cmdRT60");
+    console.Click("cmdStart");
+    console.Find<QTimer>("tmrOptical")->stop();
+    console.Forget();
+    AnswerRevert(console, QMessageBox::No);
+    QVERIFY(console.window->close());
+    const Calls stopped{"SetProjector 0", "StopStream", "SetProjector 0", "SelectFormat 4",
+                        "SetRT60 0",      "StopStream", "SetDLLBaud 0",   "DLLShutdown"};
+    QCOMPARE(console.Calls(), stopped);
+}
+
+void ExitTest::aLinkLostOnTheWayOutIsToldOnce()
+{
+    ConsoleUnderTest console;
+    AnswerRevert(console, QMessageBox::No);
+    console.unit.panel.plugged = false;
+    console.AnswerNextBox("Connection Error", QMessageBox::Ok);
+    QVERIFY(console.window->close());
+    QVERIFY(!console.window->isVisible());
+    QCOMPARE(console.Calls().back(), "DLLShutdown");
+}
+
+void ExitTest::aSecondCloseDuringAQuestionIsIgnored()
+{
+    ConsoleUnderTest console;
+    console.AnswerNextBox("Revert?", QMessageBox::No, {}, [&console] {
+        QCloseEvent second;
+        QApplication::sendEvent(console.window.get(), &second);
+        QVERIFY(!second.isAccepted());
+    });
+    QVERIFY(console.window->close());
+    QCOMPARE(console.Calls(), End);
+}
+
+void ExitTest::aSecondConsoleLeavesTheFirstOnesFilesAlone()
+{
+    ConsoleUnderTest console(OnLine, Tab::FormatSelection, [](ConsoleUnderTest &test) {
+        test.places.ownsFiles = false;
+        QFile first(test.File("temp.qm4"));
+        QVERIFY(first.open(QFile::WriteOnly));
+    });
+    QCOMPARE(QFileInfo(console.File("temp.qm4")).size(), 0);
+    QVERIFY(console.window->close());
+    QVERIFY(QFile::exists(console.File("temp.qm4")));
+    QVERIFY(!QFile::exists(console.File("settings.dat")));
+}
+
+void ExitTest::exitIsTheMenusLastItem()
+{
+    ConsoleUnderTest console;
+    AnswerRevert(console, QMessageBox::No);
+    console.Trigger("mnuend");
+    QVERIFY(!console.window->isVisible());
+}
+
+void ExitTest::theEndOfASessionAsksWhenItMay()
+{
+    ConsoleUnderTest console;
+    console.settings.SettingsChanged = true;
+    AnswerSave(console, QMessageBox::Cancel);
+    QVERIFY(!console.window->EndSession(true));
+    QVERIFY(console.window->isVisible());
+}
+
+void ExitTest::theEndOfASessionThatMayNotAskJustCloses()
+{
+    ConsoleUnderTest console;
+    console.settings.SettingsChanged = true;
+    console.Trigger("mnuAutoRef");
+    QVERIFY(console.window->EndSession(false));
+    QCOMPARE(console.Calls(), End);
+    QVERIFY(QFile::exists(console.File("settings.dat")));
+}
+
+void ExitTest::everyWindowGoes()
+{
+    ConsoleUnderTest console(OnLine, Tab::OutputTrim);
+    console.Click("cmdAdjust(0)");
+    auto *frmFader = console.Find<QWidget>("frmFader");
+    QVERIFY(frmFader->isVisible());
+    AnswerRevert(console, QMessageBox::No);
+    QVERIFY(console.window->close());
+    QVERIFY(!frmFader->isVisible());
+}
+
+QTEST_MAIN(ExitTest)
+#include "exit_test.moc"
