@@ -5,6 +5,7 @@
 #include "ui/main/frmmain.h"
 #include "ui/main/look.h"
 #include "unit/loggedlibrary.h"
+#include "unit/qm4slibrary.h"
 #include "unit/simulatedunit.h"
 #include "unit/windir.h"
 
@@ -51,9 +52,16 @@ int Run(int argc, char **argv, const CommandLine &line)
     ApplyLook();
 
     const QString programDirectory = ProgramDirectory(line.programDirectory);
-    SimulatedUnit simulated;
-    DeviceLibrary *library = &simulated;
     std::optional<LoggedLibrary> logged;
+    SimulatedUnit simulated;
+    Qm4sLibrary maker({.given = line.library.toStdString(),
+                       .programFolder = programDirectory.toStdString(),
+                       .executableFolder = QCoreApplication::applicationDirPath().toStdString()},
+                      [&logged](const std::string &path) {
+                          if (logged)
+                              logged->Note("loaded " + path);
+                      });
+    DeviceLibrary *library = line.simulate ? static_cast<DeviceLibrary *>(&simulated) : &maker;
     if (!line.log.isEmpty()) {
         logged.emplace(*library, line.log.toStdString());
         if (!logged->Problem().empty())
@@ -62,11 +70,14 @@ int Run(int argc, char **argv, const CommandLine &line)
         library = &*logged;
     }
 
+    const bool libraryMissing = !line.simulate && !maker.TryLoad();
+
     QLockFile lock(QDir(programDirectory).filePath("kelvo-console.lock"));
     const Places places{.programDirectory = programDirectory,
                         .helpFile = HelpFile(programDirectory),
                         .ownsFiles = OwnsFiles(lock),
-                        .missingLibrary = {},
+                        .missingLibrary =
+                            libraryMissing ? QString::fromStdString(maker.Problem()) : QString(),
                         .screenHeight = QGuiApplication::primaryScreen()->geometry().height(),
                         .serialIniMissing = SerialIniMissing,
                         .report = [&logged](const QString &text) {
