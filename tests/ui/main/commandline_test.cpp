@@ -1,0 +1,144 @@
+#include "files/configfile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace kelvo;
+
+/// The console as a program: started, listened to and ended.
+class CommandLineTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void aBadCommandLineIsOneLineAndTwo_data();
+    void aBadCommandLineIsOneLineAndTwo();
+    void helpAndVersionArePrinted_data();
+    void helpAndVersionArePrinted();
+    void theSimulatedUnitIsConnectedAndLogged();
+    void aNamedFileIsOpenedAfterTheStart();
+    void aSecondConsoleOnTheSameFolderTakesNoSnapshot();
+};
+
+namespace {
+
+/// A console that is killed when the test has seen enough.
+struct Console {
+    explicit Console(const QStringList &arguments)
+    {
+        // Where there is no Windows directory, the stand-in is made here and not in the user's home.
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("XDG_CONFIG_HOME", home.path());
+        process.setProcessEnvironment(environment);
+        const QDir tests(QCoreApplication::applicationDirPath());
+        process.start(tests.filePath("../../kelvo-console"), arguments);
+    }
+    ~Console()
+    {
+        process.kill();
+        process.waitForFinished();
+    }
+
+    QTemporaryDir home;
+    QProcess process;
+};
+
+QByteArray ContentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+void CommandLineTest::aBadCommandLineIsOneLineAndTwo_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("an unknown option") << QStringList{"--simulated"};
+    QTest::newRow("a short option") << QStringList{"-s"};
+    QTest::newRow("an option with a value it does not take") << QStringList{"--simulate=yes"};
+    QTest::newRow("an option without its value") << QStringList{"--simulate", "--log"};
+    QTest::newRow("two files") << QStringList{"a.zcf", "b.zcf"};
+    QTest::newRow("a program directory that is none") << QStringList{"--program-dir", "/no/such/folder"};
+    QTest::newRow("a log that cannot be written")
+        << QStringList{"--simulate", "--log", "/no/such/folder/log"};
+}
+
+void CommandLineTest::aBadCommandLineIsOneLineAndTwo()
+{
+    QFETCH(QStringList, arguments);
+    Console console(arguments);
+    QVERIFY(console.process.waitForFinished());
+    QCOMPARE(console.process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(console.process.exitCode(), 2);
+    QByteArrayList lines = console.process.readAllStandardError().split('\n');
+    lines.removeIf([](const QByteArray &line) { return !line.startsWith("kelvo-console: "); });
+    QCOMPARE(lines.size(), 1);
+    QCOMPARE(console.process.readAllStandardOutput(), QByteArray());
+}
+
+void CommandLineTest::helpAndVersionArePrinted_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QByteArray>("first");
+    QTest::newRow("version") << "--version" << QByteArray("kelvo-console 1.");
+    QTest::newRow("help") << "--help" << QByteArray("kelvo-console [options] [FILE]");
+}
+
+void CommandLineTest::helpAndVersionArePrinted()
+{
+    QFETCH(QString, option);
+    QFETCH(QByteArray, first);
+    Console console({option});
+    QVERIFY(console.process.waitForFinished());
+    QCOMPARE(console.process.exitCode(), 0);
+    const QByteArray text = console.process.readAllStandardOutput();
+    QVERIFY(text.startsWith(first));
+    if (option == "--help") {
+        for (const char *name : {"--simulate", "--library", "--program-dir", "--log", "--version"})
+            QVERIFY(text.contains(name));
+    }
+}
+
+void CommandLineTest::theSimulatedUnitIsConnectedAndLogged()
+{
+    QTemporaryDir folder;
+    const QString log = folder.filePath("calls.log");
+    Console console({"--simulate", "--program-dir", folder.path(), "--log=" + log});
+    QTRY_VERIFY(ContentOf(log).count("StopStream -> 0") == 2);
+    QTRY_VERIFY(QFile::exists(folder.filePath("temp.qm4")));
+}
+
+void CommandLineTest::aNamedFileIsOpenedAfterTheStart()
+{
+    QTemporaryDir folder;
+    Settings settings;
+    settings.FaderLevel = 21;
+    settings.CurrentFileName = folder.filePath("room.zcf").toStdString();
+    QVERIFY(!SaveConfigFile(settings));
+    const QString log = folder.filePath("calls.log");
+    Console console(
+        {"--simulate", "--program-dir", folder.path(), "--log", log, folder.filePath("room.zcf")});
+    QTRY_VERIFY(ContentOf(log).contains("SetVol 21 -> 0"));
+    const QByteArray calls = ContentOf(log);
+    QVERIFY(calls.lastIndexOf("StopStream") < calls.indexOf("SetVol 21"));
+}
+
+void CommandLineTest::aSecondConsoleOnTheSameFolderTakesNoSnapshot()
+{
+    QTemporaryDir folder;
+    const QString log = folder.filePath("calls.log");
+    Console first({"--simulate", "--program-dir", folder.path()});
+    const QString snapshot = folder.filePath("temp.qm4");
+    QTRY_VERIFY(QFile::exists(snapshot));
+    QVERIFY(QFile::remove(snapshot));
+    Console second({"--simulate", "--program-dir", folder.path(), "--log", log});
+    // Its first poll comes after its start-up is over.
+    QTRY_VERIFY_WITH_TIMEOUT(ContentOf(log).count("GetVol") == 2, 10000);
+    QVERIFY(!QFile::exists(snapshot));
+}
+
+QTEST_MAIN(CommandLineTest)
+#include "commandline_test.moc"
