@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QWheelEvent>
 
 namespace kelvo {
@@ -54,8 +56,9 @@ bool FrmMain::PreviewHelpKey(QWidget *receiver, int key, Qt::KeyboardModifiers m
         help_->OpenSearch();
         return true;
     }
-    const bool inPage = help_->isAncestorOf(receiver) && receiver->isEnabled();
-    return !inPage && modifiers == Qt::NoModifier && help_->ScrollByKey(key);
+    // Nobody else's key: the strip has the focus when the tab is new, the window gets what others leave over.
+    const bool free = receiver == SSTAB1_->tabBar() || receiver == this;
+    return free && modifiers == Qt::NoModifier && help_->ScrollByKey(key);
 }
 
 } // namespace kelvo
