@@ -38,6 +38,27 @@ class NarrowTabs : public QProxyStyle {
     }
 };
 
+/// A page of the tabs. Until it is shown for the first time it asks for no room, so that the start does
+/// not measure seven tabs that nobody sees yet; every page fits the smallest window.
+class TabPage : public QWidget {
+  public:
+    QSize sizeHint() const override { return shown_ ? QWidget::sizeHint() : QSize(0, 0); }
+    QSize minimumSizeHint() const override { return shown_ ? QWidget::minimumSizeHint() : QSize(0, 0); }
+
+  protected:
+    bool event(QEvent *event) override
+    {
+        if (event->type() == QEvent::Show && !shown_) {
+            shown_ = true;
+            updateGeometry();
+        }
+        return QWidget::event(event);
+    }
+
+  private:
+    bool shown_ = false;
+};
+
 /// Says what to do, so it stays readable on a panel that is disabled.
 QLabel *Hint(int tab)
 {
@@ -113,7 +134,7 @@ void FrmMain::BuildPanels()
         const auto index = std::size_t(tab);
         if (QLayout *own = panels[index]->layout())
             own->setContentsMargins(0, 0, 0, 0); // the page has the margin
-        frmtabs_[index] = Named(new QWidget, "frmtabs", tab);
+        frmtabs_[index] = Named(new TabPage, "frmtabs", tab);
         lblHint_[index] = Hint(tab);
         auto *layout = new QVBoxLayout(frmtabs_[index]);
         layout->setContentsMargins(6, 3, 6, 6);
