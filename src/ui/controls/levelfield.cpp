@@ -5,6 +5,7 @@
 #include "ui/controls/messages.h"
 
 #include <QApplication>
+#include <QHideEvent>
 #include <QKeyEvent>
 #include <QStyle>
 #include <QStyleOptionFrame>
@@ -110,20 +111,41 @@ void LevelField::focusOutEvent(QFocusEvent *event)
 
 void LevelField::Leave(Qt::FocusReason reason)
 {
-    if (!IsPending()) {
+    if (!isEnabled() || !isVisible()) {
+        Settle();
+    } else if (!IsPending() || Validate()) {
         BecomePlaceOfEntry(false);
-        return;
+    } else if (reason == Qt::MouseFocusReason) {
+        SwallowPressUnderWay();
     }
-    // A field that went away under the user (its tab, its panel) has no place to correct a bad value.
-    const bool gone = !isEnabled() || !isVisible();
-    if (gone && ReadLevel(rule_, text().toStdString()).kind == LevelEntry::OutOfRange)
-        Drop();
-    else if (!Validate()) {
-        if (reason == Qt::MouseFocusReason)
-            SwallowPressUnderWay();
-        return;
+}
+
+/// The field goes away under the user, with its tab or its panel: there is no place to correct a bad value.
+void LevelField::Settle()
+{
+    if (IsPending()) {
+        if (ReadLevel(rule_, text().toStdString()).kind == LevelEntry::OutOfRange)
+            Drop();
+        else
+            Validate();
     }
-    BecomePlaceOfEntry(false);
+    if (entries_.editing == this)
+        BecomePlaceOfEntry(false);
+}
+
+void LevelField::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::EnabledChange && !isEnabled())
+        Settle();
+    QLineEdit::changeEvent(event);
+}
+
+void LevelField::hideEvent(QHideEvent *event)
+{
+    // A minimised window keeps what is typed in it.
+    if (!event->spontaneous())
+        Settle();
+    QLineEdit::hideEvent(event);
 }
 
 /// It stays the place of entry while a box, a menu or another window has the focus.

@@ -38,6 +38,8 @@ class LevelField : public QLineEdit {
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     bool eventFilter(QObject *receiver, QEvent *event) override;
 
   private:
@@ -45,6 +47,7 @@ class LevelField : public QLineEdit {
     bool SwitchesTab(QObject *receiver, QEvent *event) const;
     void BecomePlaceOfEntry(bool become);
     void Leave(Qt::FocusReason reason);
+    void Settle();
     void Refuse();
     void SwallowPressUnderWay();
 

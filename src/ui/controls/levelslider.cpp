@@ -87,7 +87,8 @@ void LevelSlider::TakeBy(Hand hand)
 {
     if (hand_ == hand)
         return;
-    LetGo();
+    if (entries_.sliderHeld)
+        entries_.sliderHeld->LetGo();
     hand_ = hand;
     entries_.sliderHeld = this;
     entries_.SendArmed = hand != Hand::Key;

@@ -212,6 +212,10 @@ bool ConsoleUnderTest::eventFilter(QObject *watched, QEvent *event)
 
 void ConsoleUnderTest::AnswerBox(QMessageBox *box)
 {
+    if (answering_) {
+        QTest::mouseClick(box->button(answering_(box->windowTitle(), box->text())), Qt::LeftButton);
+        return;
+    }
     const Box expected = answers_.empty() ? Box{} : answers_.front();
     if (!answers_.empty())
         answers_.erase(answers_.begin());

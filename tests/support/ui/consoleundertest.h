@@ -97,6 +97,9 @@ class ConsoleUnderTest : public QObject {
                        std::function<void()> whileOpen = {});
     /// The message box that is open, or null.
     QMessageBox *OpenBox() const;
+    /// Answers every box from now on by what it says, for a test that cannot know which ones come.
+    using Answering = std::function<QMessageBox::StandardButton(const QString &title, const QString &text)>;
+    void AnswerEveryBox(Answering answering) { answering_ = std::move(answering); }
     /// Works on the next dialog that is not a message box, `QFileDialog` included, once it is shown.
     void WithNextDialog(std::function<void(QDialog *)> work);
     /// Chooses a file in the next file dialog; "" cancels it.
@@ -128,6 +131,7 @@ class ConsoleUnderTest : public QObject {
     Trace calls_;
     RecordingLibrary library_;
     std::vector<Box> answers_;
+    Answering answering_;
     std::vector<std::function<void(QDialog *)>> dialogs_;
 };
 
