@@ -4,10 +4,12 @@
 
 namespace kelvo {
 
-ChoiceList::ChoiceList()
+void ChoiceList::showPopup()
 {
-    setFocusPolicy(Qt::StrongFocus);
-    setStyleSheet(QStringLiteral("combobox-popup: 0"));
+    // Only now, because it costs a millisecond a list, which the start of the console need not spend.
+    if (styleSheet().isEmpty())
+        setStyleSheet(QStringLiteral("combobox-popup: 0"));
+    QComboBox::showPopup();
 }
 
 void ChoiceList::wheelEvent(QWheelEvent *event)

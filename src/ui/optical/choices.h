@@ -14,7 +14,8 @@ class ChoiceList : public QComboBox {
     Q_OBJECT
 
   public:
-    ChoiceList();
+    ChoiceList() { setFocusPolicy(Qt::StrongFocus); }
+    void showPopup() override;
 
   protected:
     void wheelEvent(QWheelEvent *event) override;
