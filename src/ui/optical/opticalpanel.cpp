@@ -158,13 +158,12 @@ QGroupBox *OpticalPanel::BuildRT60()
 
 void OpticalPanel::cmdStart_Click()
 {
-    const bool wasStreaming = streaming_;
     link_.RetryFunction(UnitOp::SetProjector);
     history_ = {};
-    // A link lost in the call above has stopped a running stream already.
+    // A link lost in the call above has stopped a running stream already, and without a link none starts.
     if (streaming_)
         StopStream();
-    else if (!wasStreaming)
+    else
         StartStream();
 }
 

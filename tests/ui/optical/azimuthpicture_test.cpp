@@ -240,6 +240,7 @@ class AzimuthPictureTest : public QObject {
     {
         QTest::addColumn<int>("spread");
         QTest::newRow("points crowd over the cross-hair") << 6;
+        QTest::newRow("points meet now and then") << 20;
         QTest::newRow("points over half the picture") << 60;
         QTest::newRow("any byte") << 128;
     }
