@@ -19,6 +19,7 @@ constexpr int Spacing = 6;
 constexpr int GroupSpacing = 12;
 constexpr int PanelMargin = 3;
 constexpr int BigButtonHeight = 48;
+constexpr int ColumnWidth = 205;
 
 /// Deliberate: position 0, the top, is the lowest level here.
 constexpr std::array<LevelMark, 5> ObeMarks{
@@ -45,7 +46,8 @@ ObePanel::ObePanel(Settings &settings, UnitLink &link, EntryWindow &entries, QPu
     layout->addWidget(BuildLevel(entries), 0, 1);
     layout->addLayout(right, 0, 2);
     for (int column = 0; column < 3; ++column)
-        layout->setColumnStretch(column, 1);
+        layout->setColumnMinimumWidth(column, ColumnWidth);
+    layout->setColumnStretch(3, 1);
     Show();
 }
 
