@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const fs::path Fakes = KELVO_FAKE_LIBRARIES;
+const fs::path Fakes = fs::absolute(KELVO_FAKE_LIBRARIES); // under Wine it has no drive yet
 const std::string File = SharedLibrary::FileName("qm4slib");
 #if defined(_WIN32)
 const std::string AnotherFile = "libanotherlibrary.dll";

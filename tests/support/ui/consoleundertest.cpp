@@ -38,7 +38,19 @@ QPoint HandleAt(const QSlider &slider, int position)
 
 ConsoleUnderTest::ConsoleUnderTest(ConsoleStart start, Tab tab,
                                    const std::function<void(ConsoleUnderTest &)> &prepare)
-    : library_(unit, calls_)
+    : ConsoleUnderTest(nullptr, start, tab, prepare)
+{
+}
+
+ConsoleUnderTest::ConsoleUnderTest(DeviceLibrary &library,
+                                   const std::function<void(ConsoleUnderTest &)> &prepare)
+    : ConsoleUnderTest(&library, OnLine, Tab::FormatSelection, prepare)
+{
+}
+
+ConsoleUnderTest::ConsoleUnderTest(DeviceLibrary *library, ConsoleStart start, Tab tab,
+                                   const std::function<void(ConsoleUnderTest &)> &prepare)
+    : library_(library ? *library : unit, calls_)
 {
     ApplyLook();
     qApp->installEventFilter(this);

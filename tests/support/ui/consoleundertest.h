@@ -44,6 +44,9 @@ class ConsoleUnderTest : public QObject {
     /// unit's cable is out. `prepare` runs before the start-up, on the unit, the settings' files and places.
     explicit ConsoleUnderTest(ConsoleStart start = OnLine, Tab tab = Tab::FormatSelection,
                               const std::function<void(ConsoleUnderTest &)> &prepare = {});
+    /// The same over another library than the simulated unit, which must accept the connection.
+    explicit ConsoleUnderTest(DeviceLibrary &library,
+                              const std::function<void(ConsoleUnderTest &)> &prepare = {});
     ~ConsoleUnderTest() override;
 
     SimulatedUnit unit;
@@ -122,6 +125,9 @@ class ConsoleUnderTest : public QObject {
         QMessageBox::StandardButton button;
         std::function<void()> whileOpen;
     };
+
+    ConsoleUnderTest(DeviceLibrary *library, ConsoleStart start, Tab tab,
+                     const std::function<void(ConsoleUnderTest &)> &prepare);
 
     /// Offscreen nobody gives the focus back to the window when its box or dialog goes.
     void KeepActive() const;
