@@ -139,9 +139,9 @@ void SessionTest::EditAndUpload(ConsoleUnderTest &console)
 
 void SessionTest::SaveAndLoad(ConsoleUnderTest &console)
 {
-    console.WithNextDialog([&](QDialog *) {
-        console.Find<QLineEdit>("txtTheaterInfo(1)")->setText(TheaterName);
-        console.Click("cmdOK");
+    console.WithNextDialog([](QDialog *dialog) {
+        dialog->findChild<QLineEdit *>("txtTheaterInfo(1)")->setText(TheaterName);
+        dialog->findChild<QPushButton *>("cmdOK")->click();
     });
     console.Trigger("mnuSet");
     const QString path = File(ProgramFolder + "/" + TheaterName + ".zcf");
