@@ -22,10 +22,10 @@ QString ProgramDirectory(const QString &wanted)
 {
     if (!wanted.isEmpty())
         return QDir(wanted).absolutePath();
-    const QString own = QCoreApplication::applicationDirPath();
+    QString own = QCoreApplication::applicationDirPath();
     if (CanBeWritten(own))
         return own;
-    const QString data = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    QString data = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     QDir().mkpath(data);
     return data;
 }

@@ -37,7 +37,8 @@ void ResetAll(Settings &settings)
     settings.System.DefaultFormat = 0;
 
     settings.MuteState = False;
-    settings.CurrentFormat = 0;
+    // While a stream runs its own format stays; the reset one is what its stop selects.
+    (settings.FormatBeforeStream ? *settings.FormatBeforeStream : settings.CurrentFormat) = 0;
     settings.FaderLevel = NominalFader;
 }
 

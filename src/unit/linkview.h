@@ -18,7 +18,7 @@ class LinkView {
     virtual void ShowConnectStatus(LinkState state) = 0; ///< the lamp; painted before it returns
     virtual void RepaintWindow() = 0;
     virtual void EnableFrames(bool enable) = 0;
-    virtual void SetPolling(bool on) = 0; ///< `tmrPoll`; on = 2000 ms from now
+    virtual void SetPolling(bool on) = 0; ///< `tmrPoll`
 
     /// Shows the progress dialog with this caption, painted before it returns.
     virtual void ShowProgress(std::string_view caption) = 0;

@@ -117,7 +117,7 @@ Status UnitLink::CallLibrary(UnitOp op, Word first, Word second)
     case UnitOp::SetVol:
         return Keep(library_.SetVol(settings_.FaderLevel), holds_.FaderLevel, settings_.FaderLevel);
     case UnitOp::SetMute:
-        return Keep(library_.SetMute(settings_.MuteState), holds_.MuteState, settings_.MuteState);
+        return SendMute();
     case UnitOp::SetPink:
         return KeepSwitch(library_.SetPink(first, second), holds_.Pink, first, second);
     case UnitOp::SetPhase:
@@ -170,6 +170,13 @@ Status UnitLink::ReadWord(Status (DeviceLibrary::*get)(Word &), Word &value, std
         show();
     }
     return status;
+}
+
+Status UnitLink::SendMute()
+{
+    // A file or a unit may hold any word for "muted"; what is sent is one of two.
+    const Word word = settings_.MuteState == False ? False : True;
+    return Keep(library_.SetMute(word), holds_.MuteState, word);
 }
 
 void UnitLink::DispErr(Status code)
@@ -254,11 +261,10 @@ bool UnitLink::OpenConnection()
     view_.LoadChannelData();
     view_.ShowF1Format();
     RetryFunction(UnitOp::StopStream);
-    if (!unitOnline_)
-        return false;
 
     settings_.Updating = false;
-    view_.ShowSettingsFromUnit();
+    if (unitOnline_)
+        view_.ShowSettingsFromUnit();
     SetPolling(true);
     return true;
 }
@@ -372,12 +378,12 @@ void UnitLink::PollTick()
     pollActive_ = false;
 }
 
-void UnitLink::RefreshTick()
+void UnitLink::RefreshTick(bool mayRead)
 {
     if (InCall() || !unitOnline_ || settings_.Options.AutoRefresh != 1)
         return;
     ++refreshCounter_;
-    if (refreshCounter_ >= settings_.Options.RefreshSeconds) {
+    if (mayRead && refreshCounter_ >= settings_.Options.RefreshSeconds) {
         Update();
         refreshCounter_ = 0;
     }

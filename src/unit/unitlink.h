@@ -80,7 +80,8 @@ class UnitLink {
 
     /// Ticks of `tmrPoll` and `tmrRefresh`; the caller keeps them away while a box is open.
     void PollTick();
-    void RefreshTick();
+    /// `mayRead` false: the second counts, and the re-read waits for a later tick.
+    void RefreshTick(bool mayRead = true);
     int RefreshCounter() const { return refreshCounter_; }
 
     /// One direct optical read of the running stream, without retries; a failure goes to `DispErr`.
@@ -105,6 +106,7 @@ class UnitLink {
   private:
     Status CallUpToSixTimes(UnitOp op, Word first, Word second);
     Status CallLibrary(UnitOp op, Word first, Word second);
+    Status SendMute();
     template <class Show>
     Status ReadWord(Status (DeviceLibrary::*get)(Word &), Word &value, std::optional<Word> &held, Show show);
     template <class Read>

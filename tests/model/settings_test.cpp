@@ -177,3 +177,14 @@ TEST_CASE("the operator's format is the one from before a stream, while one runs
     settings.FormatBeforeStream = Word(4);
     CHECK(settings.OperatorFormat() == 4);
 }
+
+TEST_CASE("a reset during a stream leaves the stream its format and resets the one that its stop selects")
+{
+    Settings settings;
+    settings.CurrentFormat = 1;
+    settings.FormatBeforeStream = 3;
+    ResetAll(settings);
+    CHECK(settings.CurrentFormat == 1);
+    CHECK(settings.FormatBeforeStream == 0);
+    CHECK(settings.OperatorFormat() == 0);
+}

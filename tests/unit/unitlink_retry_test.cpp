@@ -284,3 +284,15 @@ TEST_CASE("records full of any byte value are read and sent back unchanged")
         CHECK(std::ranges::equal(BytesOf(console.unit.system), BytesOf(system)));
     }
 }
+
+TEST_CASE("any word of a file or a unit that means muted is sent as -1")
+{
+    for (const Word word : {Word(1), Word(5), Word(-2), True}) {
+        CAPTURE(word);
+        ConnectedLink console;
+        console.settings.MuteState = word;
+        console.link.RetryFunction(UnitOp::SetMute);
+        CHECK(console.unit.panel.mute == True);
+        CHECK(console.link.Holds().MuteState == True);
+    }
+}

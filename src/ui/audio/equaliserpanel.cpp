@@ -160,8 +160,9 @@ void EqualiserPanel::cmdEQChan_Click(int channel)
     SaveChannelData();
     currentChannel_ = channel;
     ReflectChannelButtons();
-    ShowChannelPanel();
+    // Filled before it is shown: showing may hand the focus on, and the position it is taken at counts.
     LoadChannelData();
+    ShowChannelPanel();
     if (pinkNoise_)
         SetEQPinkNoise(true);
 }

@@ -7,15 +7,18 @@ namespace {
 QMessageBox::StandardButton Show(QWidget *parent, const Message &message, const QStringList &arguments,
                                  QMessageBox::StandardButtons buttons, QMessageBox::StandardButton escape)
 {
+    // At once, so that a per cent sign in a file's name is not taken for a place of its own.
     QString text = QString::fromUtf8(message.text);
-    for (const QString &argument : arguments)
-        text = text.arg(argument);
+    if (arguments.size() == 1)
+        text = text.arg(arguments[0]);
+    else if (arguments.size() == 2)
+        text = text.arg(arguments[0], arguments[1]);
     QMessageBox box(message.icon, QString::fromUtf8(message.title), text, buttons, parent);
     box.setTextFormat(Qt::PlainText);
     box.setEscapeButton(escape);
     const int answer = box.exec();
     // Where no window manager gives the focus back, the window that asked would stay deaf to keys.
-    if (parent && parent->isVisible())
+    if (parent && parent->isVisible() && parent->window()->isEnabled())
         parent->window()->activateWindow();
     return QMessageBox::StandardButton(answer);
 }

@@ -61,6 +61,12 @@ LevelSlider::LevelSlider(const LevelRule &rule, EntryWindow &entries)
         if (!quiet_)
             emit(hand_ == Hand::None ? Placed() : Moved());
     });
+    // A handle that is taken without the mouse, by a tool for the disabled say, is a drag as well.
+    connect(this, &QSlider::sliderPressed, this, [this] { TakeBy(Hand::Mouse); });
+    connect(this, &QSlider::sliderReleased, this, [this] {
+        if (hand_ == Hand::Mouse)
+            LetGo();
+    });
 }
 
 LevelSlider::~LevelSlider()
@@ -150,7 +156,7 @@ void LevelSlider::keyPressEvent(QKeyEvent *event)
 
 void LevelSlider::keyReleaseEvent(QKeyEvent *event)
 {
-    if (hand_ == Hand::Key && !event->isAutoRepeat())
+    if (hand_ == Hand::Key && !event->isAutoRepeat() && !IsModifier(event->key()))
         LetGo();
     else
         event->ignore();

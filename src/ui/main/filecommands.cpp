@@ -147,6 +147,8 @@ bool FrmMain::SaveAs()
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilters({messages::SettingsFilter});
+    if (!dialogFile_.isEmpty())
+        dialog.setDirectory(QFileInfo(dialogFile_).absolutePath());
     dialog.selectFile(ProposedName());
     const QString path = RunDialog(dialog);
     if (path.isEmpty() || !SaveTo(path))

@@ -234,8 +234,8 @@ void FrmMain::BuildTimers()
     Timer(this, "tmrRefresh", Second, [this] {
         // A read-back waits for the hand, and for the stream, whose format it would take over.
         const bool held = entries_.sliderHeld || masterFader_->DialogSliderHeld();
-        if (TimersMayTouchUnit() && !held && !optical_->Streaming())
-            link_.RefreshTick();
+        if (TimersMayTouchUnit())
+            link_.RefreshTick(!held && !optical_->Streaming());
     })->start();
     const auto showTime = [this] {
         lblClock_->setText(QString::fromStdString(clock_.TimeText(clock_.Now())));

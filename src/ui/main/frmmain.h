@@ -144,7 +144,6 @@ class FrmMain : public QMainWindow, private LinkView {
     void RevertToSnapshot();
     void WritePreferencesFile();
     void EndConnection();
-    void RememberClose();
     void CarryOutClose();
 
     Settings &settings_;

@@ -18,6 +18,9 @@ bool FrmMain::eventFilter(QObject *watched, QEvent *event)
         auto *key = static_cast<QKeyEvent *>(event);
         return PreviewKey(receiver, key->key(), key->modifiers() & ~Qt::KeypadModifier, key->isAutoRepeat());
     }
+    // A wheel over the headings would change the tab, which asks and sends.
+    if (event->type() == QEvent::Wheel && receiver == SSTAB1_->tabBar())
+        return true;
     QWidget *page = frmtabs_[std::size_t(Tab::Help)];
     // Off line the page is disabled, and yet it is to be read.
     if (event->type() == QEvent::Wheel && !page->isEnabled() && page->isAncestorOf(receiver)) {
@@ -47,6 +50,8 @@ bool FrmMain::PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers modif
     const bool shortcuts = key <= LastCharacter && settings_.Options.Shortcuts &&
                            modifiers == Qt::ControlModifier && Tab(shownTab_) == Tab::Eq &&
                            frmtabs_[std::size_t(Tab::Eq)]->isEnabled();
+    if (shortcuts && repeat)
+        return true;
     return shortcuts && !link_.InCall() && equaliser_->RunShortcut(QChar(key).toLower());
 }
 

@@ -71,9 +71,8 @@ void FrmMain::EnableFrames(bool enable)
 
 void FrmMain::SetPolling(bool on)
 {
-    constexpr int PollInterval = 2000;
     if (on)
-        tmrPoll_->start(PollInterval);
+        tmrPoll_->start();
     else
         tmrPoll_->stop();
 }

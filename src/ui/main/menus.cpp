@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
@@ -126,6 +127,8 @@ void FrmMain::mnuAuto_Click()
 
 void FrmMain::mnuAutoRef_Click()
 {
+    if (!CommitEntries())
+        return;
     setEnabled(false);
     frmRef_ = std::make_unique<FrmRef>(settings_.Options, this);
     connect(frmRef_.get(), &QDialog::finished, this, [this] {
@@ -146,6 +149,8 @@ void FrmMain::mnuSys_Click()
         link_.SetConsoleClock(std::nullopt);
         return;
     }
+    if (!CommitEntries())
+        return;
     FrmTime frmTime(link_.ConsoleTime(), this);
     if (frmTime.exec() != QDialog::Accepted)
         return;
@@ -165,13 +170,18 @@ void FrmMain::cmdConnect_Click()
 {
     if (link_.UnitOnline() || link_.InCall() || !CommitEntries())
         return;
-    const bool hadFocus = cmdConnect_->hasFocus();
+    constexpr int PollInterval = 2000;
+    const QPointer<QWidget> focus = focusWidget();
     EnableCommands(false);
-    link_.ConnectToUnit();
+    if (link_.ConnectToUnit())
+        tmrPoll_->setInterval(PollInterval);
     frmProg_.reset();
     EnableCommands(true);
-    if (hadFocus)
-        cmdConnect_->setFocus();
+    if (focus && focus->isEnabled() && !focusWidget())
+        focus->setFocus();
+    // Where no window manager gives the focus back, the window would stay deaf to keys.
+    if (isVisible())
+        activateWindow();
     FitScreen();
     if (started_)
         TakeSnapshot();

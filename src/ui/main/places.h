@@ -12,7 +12,7 @@ struct Places {
     QString helpFile{};                       ///< "Zentra-HELP.rtf" with its folder
     bool ownsFiles = true;                    ///< no other console runs on the program directory
     QString missingLibrary{};                 ///< why the device library could not be loaded; "" = it was
-    int screenHeight = 768;                   ///< of the screen that the window opens on, in its own pixels
+    int screenHeight = 768;                   ///< of the screen, in pixels that do not depend on its scale
     std::function<bool()> serialIniMissing{}; ///< the library's serial settings file does not exist yet
     std::function<void(const QString &)> report{}; ///< takes a line for standard error and the log
 };

@@ -1,4 +1,5 @@
 #include "files/preferencesfile.h"
+#include "ui/controls/levelfield.h"
 #include "ui/main/frmmain.h"
 #include "ui/main/messages.h"
 
@@ -59,6 +60,11 @@ bool FrmMain::Form_Unload()
 {
     if (mayAsk_ && !(CommitEntries() && SaveQuestionAnswered()))
         return false;
+    if (!mayAsk_) {
+        // Nobody can be asked about a text that was not taken yet.
+        for (LevelField *field : findChildren<LevelField *>())
+            field->Drop();
+    }
     if (mayAsk_ && snapshotTaken_ && link_.UnitOnline() && kelvo::Ask(this, messages::Revert))
         RevertToSnapshot();
     if (places_.ownsFiles) {

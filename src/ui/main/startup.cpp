@@ -34,6 +34,7 @@ void FrmMain::Form_Load()
         cmdConnect_Click();
     } else {
         EnableFrames(false);
+        HideUnitVersion();
         Tell(this, messages::MissingLibrary, {places_.missingLibrary});
     }
     if (!link_.UnitOnline())

@@ -155,6 +155,8 @@ void ObePanel::cboObeF_Click(int index)
 void ObePanel::StoreLevel(int position)
 {
     settings_.Audio.ObeLevel = Byte(ObeRule.lastPosition - position);
+    settings_.SettingsChanged = true;
+    link_.ShowSent();
 }
 
 void ObePanel::SendObe()

@@ -33,15 +33,17 @@ struct AzimuthHistory {
     std::array<std::array<Byte, 2>, std::size_t(AzimuthLines) * AzimuthPairs> rows{};
     int line = 0; ///< the line that the next frame fills
 
-    const std::array<Byte, 2> &Row(int ofLine, int pair) const
-    {
-        return rows[std::size_t(ofLine * AzimuthPairs + pair)];
-    }
+    const std::array<Byte, 2> &Row(int ofLine, int pair) const { return rows[RowNumber(ofLine, pair)]; }
     void Store(std::span<const Byte, AzimuthBytes> frame)
     {
-        for (int pair = 0; pair < AzimuthPairs; ++pair)
-            rows[std::size_t(line * AzimuthPairs + pair)] = {frame[std::size_t(2 * pair)],
-                                                             frame[std::size_t(2 * pair + 1)]};
+        for (int pair = 0; pair < AzimuthPairs; ++pair) {
+            const auto first = std::size_t(pair) * 2;
+            rows[RowNumber(line, pair)] = {frame[first], frame[first + 1]};
+        }
+    }
+    static std::size_t RowNumber(int ofLine, int pair)
+    {
+        return std::size_t(ofLine) * AzimuthPairs + std::size_t(pair);
     }
     int NextLine() const { return line == AzimuthLines - 1 ? 0 : line + 1; }
 };
