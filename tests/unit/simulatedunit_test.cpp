@@ -130,7 +130,8 @@ TEST_CASE("the simulated unit keeps what the console left running")
     unit.SetRT60(True);
     unit.SetProjector(1);
     CHECK(unit.testSignals.pink == std::array<bool, ChannelCount>{false, false, true, false, false, false});
-    CHECK(unit.testSignals.inverted == std::array<bool, ChannelCount>{false, false, false, false, false, true});
+    CHECK(unit.testSignals.inverted ==
+          std::array<bool, ChannelCount>{false, false, false, false, false, true});
     CHECK(unit.testSignals.rt60);
     CHECK(unit.projector == 1);
     unit.SetPink(Center, False);
