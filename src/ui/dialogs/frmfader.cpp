@@ -46,6 +46,7 @@ FrmFader::FrmFader(QWidget *parent, LevelField::Take take)
 void FrmFader::keyPressEvent(QKeyEvent *event)
 {
     // Not the dialog's own handling, which closes on Escape.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     QWidget::keyPressEvent(event);
 }
 

@@ -106,7 +106,7 @@ void HelpPanel::LoadHelp(const QString &path)
 
     QStringList entries;
     for (const Heading &heading : std::as_const(headings_))
-        entries += QString(3 * (heading.level - 1), ' ') + heading.text;
+        entries += QString(qsizetype(3) * (heading.level - 1), ' ') + heading.text;
     const QSignalBlocker quiet(lstContents_);
     lstContents_->clear();
     lstContents_->addItems(entries);

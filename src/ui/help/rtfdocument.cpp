@@ -99,9 +99,11 @@ QTextBlockFormat FormatOf(const rtf::ParagraphStyle &style)
     // The page counts tab stops from where the first line begins. A hanging indent is a stop of its own.
     const qreal start = left + std::min(0.0, first);
     QList<QTextOption::Tab> tabs;
-    for (const int stop : style.tabStops)
-        if (stop / TwipsPerPixel > start)
-            tabs.append({stop / TwipsPerPixel - start, QTextOption::LeftTab});
+    for (const int stop : style.tabStops) {
+        const int pixels = stop / TwipsPerPixel;
+        if (pixels > start)
+            tabs.append({pixels - start, QTextOption::LeftTab});
+    }
     if (first < 0)
         tabs.append({-first, QTextOption::LeftTab});
     std::sort(tabs.begin(), tabs.end(), [](const auto &a, const auto &b) { return a.position < b.position; });

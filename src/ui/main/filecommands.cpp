@@ -160,7 +160,7 @@ bool FrmMain::SaveAs()
 
 QString FrmMain::ProposedName() const
 {
-    const QString last = QFileInfo(dialogFile_).fileName();
+    QString last = QFileInfo(dialogFile_).fileName();
     if (!last.isEmpty() && last != DefaultName)
         return last;
     const QString theater = QString::fromStdString(settings_.TheaterInfo[TheaterName]);

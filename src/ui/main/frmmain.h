@@ -41,7 +41,7 @@ inline constexpr int TabCount = 8;
 /// The main window `frmMain`: owns the link, the panels, the menus and the timers, and is what the link
 /// shows itself on. Its procedures stand in one file for each concern: construction, what the link shows,
 /// menus, file commands, tabs, keys, start-up and shut-down.
-class FrmMain : public QMainWindow, private LinkView {
+class FrmMain final : public QMainWindow, private LinkView {
     Q_OBJECT
 
   public:
