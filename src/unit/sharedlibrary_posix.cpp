@@ -38,7 +38,7 @@ class AwayFromWorkingFolder {
 std::string LastReason(const std::string &path)
 {
     const char *text = dlerror();
-    const std::string reason = text ? text : "";
+    std::string reason = text ? text : "";
     const std::string prefix = path + ": ";
     return reason.starts_with(prefix) ? reason.substr(prefix.size()) : reason;
 }
@@ -80,7 +80,7 @@ std::string SharedLibrary::Load(const std::string &path)
         handle_ = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
         if (handle_)
             return "";
-        const std::string reason = LastReason(path);
+        std::string reason = LastReason(path);
         const std::string needed = NeededIn(reason);
         if (needed.empty())
             return reason;
