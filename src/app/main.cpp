@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QIcon>
 #include <QLockFile>
 #include <QScreen>
 #include <QSessionManager>
@@ -49,6 +50,7 @@ int Run(int argc, char **argv, const CommandLine &line)
     QApplication application(argc, argv);
     QApplication::setApplicationName("kelvo-console");
     QApplication::setApplicationVersion(KELVO_VERSION);
+    QApplication::setWindowIcon(QIcon(":/icon.png"));
     ApplyLook();
 
     const QString programDirectory = ProgramDirectory(line.programDirectory);

@@ -219,7 +219,6 @@ void FrmMain::ArrangeWindow()
     auto *cmdtest = Named(new QPushButton(centre), "cmdtest");
     cmdtest->hide();
 
-    ShowConnectStatus(LinkState::OffLine);
     SSTAB1_->tabBar()->setFocus();
 }
 

@@ -22,7 +22,9 @@ void FrmMain::closeEvent(QCloseEvent *event)
         return;
     }
     closeRequested_ = false;
-    // A question or the dialog that disabled the window comes first.
+    // A question, or the dialog that disabled the window, comes first.
+    if (!isEnabled() && frmRef_)
+        frmRef_->activateWindow();
     if (!isEnabled() || QApplication::activeModalWidget())
         return;
 

@@ -23,6 +23,7 @@ void FrmMain::Form_Load()
     options_->InitialiseLookupArrays();
     InitialiseSettings();
 
+    link_.SetConnectStatus(LinkState::OffLine);
     settings_.Updating = true;
     ClearTabStatus();
     frmtabs_[std::size_t(shownTab_)]->setEnabled(true);

@@ -39,6 +39,7 @@ class ExitTest : public QObject {
     void theEndOfASessionAsksWhenItMay();
     void theEndOfASessionThatMayNotAskJustCloses();
     void everyWindowGoes();
+    void theProgramEndsWithItsWindow();
 };
 
 namespace {
@@ -325,6 +326,16 @@ void ExitTest::everyWindowGoes()
     AnswerRevert(console, QMessageBox::No);
     QVERIFY(console.window->close());
     QVERIFY(!frmFader->isVisible());
+}
+
+void ExitTest::theProgramEndsWithItsWindow()
+{
+    ConsoleUnderTest console(OnLine, Tab::OutputTrim);
+    console.Click("cmdAdjust(0)");
+    AnswerRevert(console, QMessageBox::No);
+    QTimer::singleShot(0, console.window.get(), [&console] { console.window->close(); });
+    QTimer::singleShot(5000, &console, [] { QApplication::exit(1); });
+    QCOMPARE(QApplication::exec(), 0);
 }
 
 QTEST_MAIN(ExitTest)
