@@ -1,0 +1,161 @@
+#include "ui/controls/levelslider.h"
+#include "ui/main/frmmain.h"
+#include "unit/simulatedunit.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <ctime>
+#include <vector>
+
+/// What the equaliser tab costs in the whole main window: a slider's release until the unit hears of it, a
+/// frame while a band is dragged, a change of channel.
+namespace {
+
+using namespace kelvo;
+using Moment = std::chrono::steady_clock::time_point;
+
+Moment Now()
+{
+    return std::chrono::steady_clock::now();
+}
+
+/// What this process itself worked, in milliseconds: other load on the machine is not in it.
+double CpuMilliseconds()
+{
+    return double(std::clock()) * 1000 / CLOCKS_PER_SEC;
+}
+
+/// A unit that answers at once and remembers when it was last sent the audio settings.
+struct TimedUnit : SimulatedUnit {
+    Moment audioSent;
+
+    Status SetAudio(AudioBlock &block) override
+    {
+        audioSent = Now();
+        return SimulatedUnit::SetAudio(block);
+    }
+};
+
+class Times {
+  public:
+    void Add(Moment from, Moment to)
+    {
+        times_.push_back(std::chrono::duration<double, std::micro>(to - from).count());
+    }
+    /// In microseconds; `part` 0.5 is the median, 1 the longest.
+    double At(double part)
+    {
+        std::ranges::sort(times_);
+        return times_[std::size_t(part * double(times_.size() - 1))];
+    }
+
+  private:
+    std::vector<double> times_;
+};
+
+struct Console {
+    QTemporaryDir folder;
+    TimedUnit unit;
+    SystemClock clock;
+    Settings settings;
+    FrmMain window;
+
+    Console()
+        : window(settings, unit, clock,
+                 {.programDirectory = folder.path(),
+                  .serialIniMissing = [] { return false; },
+                  .report = [](const QString &) {}})
+    {
+        settings.FaderLevel = NominalFader;
+        window.resize(1920, 1080);
+        window.Form_Load();
+        window.show();
+        window.findChild<QTabWidget *>("SSTAB1")->setCurrentIndex(int(Tab::Eq));
+        settings.Options.AutoUpload = true;
+        QCoreApplication::processEvents();
+    }
+
+    LevelSlider *Band(int band) { return window.findChild<LevelSlider *>(QString("sclA(%1)").arg(band)); }
+};
+
+void Mouse(LevelSlider *slider, QEvent::Type type, int position)
+{
+    const QPointF at(slider->width() / 2.0, slider->CentreOf(position));
+    const bool released = type == QEvent::MouseButtonRelease;
+    QMouseEvent event(type, at, slider->mapToGlobal(at),
+                      type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                      released ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(slider, &event);
+}
+
+void Drags(Console &console)
+{
+    Times frames;
+    Times sends;
+    double longestWork = 0;
+    constexpr int Rounds = 40;
+    for (int round = 0; round < Rounds; ++round) {
+        LevelSlider *slider = console.Band(round % BandCount);
+        Mouse(slider, QEvent::MouseButtonPress, slider->value());
+        for (int step = 0; step <= slider->maximum(); ++step) {
+            const double workBefore = CpuMilliseconds();
+            const Moment moved = Now();
+            Mouse(slider, QEvent::MouseMove, step);
+            QCoreApplication::processEvents();
+            frames.Add(moved, Now());
+            longestWork = std::max(longestWork, CpuMilliseconds() - workBefore);
+        }
+        const Moment released = Now();
+        Mouse(slider, QEvent::MouseButtonRelease, slider->maximum());
+        sends.Add(released, console.unit.audioSent);
+        slider->setValue(0);
+        QCoreApplication::processEvents();
+    }
+    std::printf("slider release to SetAudio, median: %.0f us (goal: under 200)\n", sends.At(0.5));
+    std::printf("dragging a band at 1920 x 1080, frame: median %.2f ms, longest %.2f ms, "
+                "longest without other load %.2f ms (goal: none over 16)\n",
+                frames.At(0.5) / 1000, frames.At(1) / 1000, longestWork);
+}
+
+void Channels(Console &console)
+{
+    Times switches;
+    Times shown;
+    constexpr int Rounds = 60;
+    for (int round = 0; round < Rounds; ++round) {
+        const int channel = round % 2 == 0 ? Right : Left;
+        for (int band = 0; band < BandCount; ++band)
+            console.settings.Audio.ChannelEq[std::size_t(channel)].Band[std::size_t(band)] =
+                Byte((band * 7 + round) % 25);
+        auto *button = console.window.findChild<QPushButton *>(QString("cmdEQChan(%1)").arg(channel));
+        const Moment clicked = Now();
+        button->click();
+        const Moment loaded = Now();
+        QCoreApplication::processEvents();
+        switches.Add(clicked, loaded);
+        shown.Add(clicked, Now());
+    }
+    std::printf(
+        "switching channel: median %.2f ms, longest %.2f ms (goal: under 5); painted, median %.2f ms\n",
+        switches.At(0.5) / 1000, switches.At(1) / 1000, shown.At(0.5) / 1000);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setStyle("Fusion");
+    Console console;
+    std::puts("Equaliser tab:");
+    Drags(console);
+    Channels(console);
+    return 0;
+}
