@@ -35,6 +35,10 @@ inline constexpr std::array<Text, SurroundBandCount> SurroundBandKey{
 inline constexpr std::array<Word, ChannelCount> ChannelOrderA{5, 4, 0, 1, 2, 3};
 inline constexpr std::array<Word, ChannelCount> ChannelOrderB{2, 3, 4, 5, 1, 0};
 
+/// The sound formats, index = `CurrentFormat`. The first one's button later shows what the F1 key selects.
+inline constexpr std::array<Text, FormatCount> ModeCaption{"Mono",           "A-TYPE",        "SR-TYPE",
+                                                           "EXTERNAL 6-TRK", "Kelvo Digital", "NONSYNC"};
+
 inline constexpr int ReaderDelayCount = 397; ///< 0.00 to 99.00 frames in quarters
 
 /// Entry `index` (0 to 396) of the reader delay list: "0.25 TC Frames" for 1.

@@ -3,6 +3,7 @@
 #include "unit/devicelibrary.h"
 #include "unit/libraryimage.h"
 
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
@@ -26,6 +27,21 @@ inline constexpr Text ReadingVersion = "Determining Software Version.";
 inline constexpr Text CpuVersionCaption = "CPU Version: ";
 inline constexpr Text DspControllerCaption = "DSP Controller: ";
 inline constexpr Text DspFirmwareCaption = "DSP Firmware: ";
+
+/// Index = status bit.
+inline constexpr std::array<Text, 11> ErrorLine{
+    "- Serial Port Error",
+    "- Error Transmitting",
+    "- Error Receiving",
+    "- Error Communicating System Block",
+    "- Error Communicating Audio Block",
+    "- Invalid response from unit",
+    "- Could Not Initialise",
+    "- Error during ASCII command",
+    "- Error during streaming",
+    "- Data is not as requested",
+    "- Current OS is not compatable", // Deliberate: the text is spelled this way.
+};
 
 /// What the box lists when an accepted connection ends: one line for each known error bit.
 std::string ErrorReport(Status status);

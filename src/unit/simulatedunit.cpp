@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <numeric>
 #include <string_view>
 #include <thread>
 
@@ -101,6 +102,12 @@ void SimulatedUnit::FailNext(const std::string &operation, Status status, int ti
 {
     if (times > 0)
         failures_.push_back({operation, status, times});
+}
+
+int SimulatedUnit::FailuresLeft() const
+{
+    return std::accumulate(failures_.begin(), failures_.end(), 0,
+                           [](int sum, const Failure &failure) { return sum + failure.times; });
 }
 
 Status SimulatedUnit::Answer(const char *operation)

@@ -77,6 +77,7 @@ class SimulatedUnit : public DeviceLibrary {
     /// used up.
     void FailNext(const std::string &operation, Status status, int times);
     void ForgetFailures() { failures_.clear(); }
+    int FailuresLeft() const; ///< how many calls are still to fail
 
     Status InitDLL(Word portNumber) override;
     Status DLLShutdown() override;

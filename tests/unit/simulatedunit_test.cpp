@@ -221,7 +221,9 @@ TEST_CASE("a told failure is answered as often as told, and what failed was not 
 {
     SimulatedUnit unit;
     unit.FailNext("SetVol", 4, 2);
+    CHECK(unit.FailuresLeft() == 2);
     CHECK(unit.SetVol(10) == 4);
+    CHECK(unit.FailuresLeft() == 1);
     CHECK(unit.SetMute(True) == Success);
     CHECK(unit.SetVol(10) == 4);
     CHECK(unit.panel.level == 70);

@@ -1,5 +1,6 @@
 #include "ui/audio/modebuttons.h"
 
+#include "model/tables.h"
 #include "ui/controls/named.h"
 
 #include <QGridLayout>
@@ -8,8 +9,6 @@ namespace kelvo {
 
 namespace {
 
-constexpr std::array<const char *, FormatCount> ModeCaption{"Mono",           "A-TYPE",        "SR-TYPE",
-                                                            "EXTERNAL 6-TRK", "Kelvo Digital", "NONSYNC"};
 constexpr int Columns = 2;
 
 } // namespace

@@ -1,9 +1,10 @@
 #include "ui/dialogs/frmtheater.h"
 
 #include "ui/controls/named.h"
+#include "ui/dialogs/messages.h"
+#include "ui/dialogs/okcancel.h"
 
 #include <QDialogButtonBox>
-#include <QPushButton>
 #include <QVBoxLayout>
 #include <QValidator>
 
@@ -13,7 +14,7 @@ namespace kelvo {
 
 namespace {
 
-constexpr int ComfortableWidth = 620;
+constexpr int ComfortableWidth = 720;
 
 /// A text is one line of a file: what cannot be seen becomes a blank, typed or pasted.
 class NoControlCharacters : public QValidator {
@@ -36,16 +37,13 @@ FrmTheater::FrmTheater(Settings &settings, std::function<void()> apply, QWidget 
       apply_(std::move(apply))
 {
     Named(this, "frmTheater");
-    setWindowTitle("Set Theater Information");
+    setWindowTitle(messages::TheaterTitle);
     auto *oneLine = new NoControlCharacters(this);
     for (QLineEdit *box : form_.txtTheaterInfo)
         box->setValidator(oneLine);
 
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    Named(buttons->button(QDialogButtonBox::Ok), "cmdOK");
-    Named(buttons->button(QDialogButtonBox::Cancel), "cmdCan");
+    QDialogButtonBox *buttons = OkAndCancel(this);
     connect(buttons, &QDialogButtonBox::accepted, this, &FrmTheater::cmdOK_Click);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
     auto *column = new QVBoxLayout(this);
     column->addLayout(form_.layout);

@@ -1,12 +1,13 @@
 #include "ui/dialogs/frmtime.h"
 
 #include "ui/controls/named.h"
+#include "ui/dialogs/messages.h"
+#include "ui/dialogs/okcancel.h"
 
 #include <QCalendarWidget>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QMouseEvent>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace kelvo {
@@ -50,8 +51,8 @@ HalfDayLabel::HalfDayLabel(bool pm) : QLabel(pm ? "PM" : "AM"), pm_(pm)
     setCursor(Qt::PointingHandCursor);
     setAlignment(Qt::AlignCenter);
     setMargin(3);
-    setToolTip("Click or press the space bar to change between AM and PM");
-    setAccessibleName("AM or PM");
+    setToolTip(messages::HalfDayHint);
+    setAccessibleName(messages::HalfDayName);
     ShowFocus();
 }
 
@@ -96,24 +97,24 @@ void HalfDayLabel::ShowFocus()
 FrmTime::FrmTime(LocalTime start, QWidget *parent) : QDialog(parent), calendar_(new QCalendarWidget)
 {
     Named(this, "frmTime");
-    setWindowTitle("Please choose date and time");
+    setWindowTitle(messages::TimeTitle);
 
     // The unit's clock knows two digits of the year.
     calendar_->setDateRange(QDate(2000, 1, 1), QDate(2099, 12, 31));
     calendar_->setLocale(QLocale(QLocale::English, QLocale().territory()));
     calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    calendar_->setAccessibleName("Date");
+    calendar_->setAccessibleName(messages::DateName);
     calendar_->setSelectedDate(DateOf(start));
 
     const hh_mm_ss time(start - floor<days>(start));
-    txtHour_ = NumberBox("txtHour", "Hour, 1 to 12", make12(time.hours()).count(), 1, 12);
-    txtMin_ = NumberBox("txtMin", "Minutes", time.minutes().count(), 0, 59);
-    txtSec_ = NumberBox("txtSec", "Seconds", time.seconds().count(), 0, 59);
+    txtHour_ = NumberBox("txtHour", messages::HourName, make12(time.hours()).count(), 1, 12);
+    txtMin_ = NumberBox("txtMin", messages::MinuteName, time.minutes().count(), 0, 59);
+    txtSec_ = NumberBox("txtSec", messages::SecondName, time.seconds().count(), 0, 59);
     lblAP_ = Named(new HalfDayLabel(is_pm(time.hours())), "lblAP");
 
     auto *row = new QHBoxLayout;
     row->addStretch();
-    row->addWidget(new QLabel("Time:"));
+    row->addWidget(new QLabel(messages::TimeCaption));
     row->addWidget(txtHour_);
     row->addWidget(new QLabel(":"));
     row->addWidget(txtMin_);
@@ -122,11 +123,8 @@ FrmTime::FrmTime(LocalTime start, QWidget *parent) : QDialog(parent), calendar_(
     row->addWidget(lblAP_);
     row->addStretch();
 
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    Named(buttons->button(QDialogButtonBox::Ok), "cmdOK");
-    Named(buttons->button(QDialogButtonBox::Cancel), "cmdCan");
+    QDialogButtonBox *buttons = OkAndCancel(this);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
     auto *column = new QVBoxLayout(this);
     column->addWidget(calendar_);

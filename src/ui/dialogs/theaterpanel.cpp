@@ -2,6 +2,7 @@
 
 #include "model/tables.h"
 #include "ui/controls/named.h"
+#include "ui/dialogs/messages.h"
 #include "unit/unitclock.h"
 
 #include <QPushButton>
@@ -11,10 +12,14 @@ namespace kelvo {
 
 TheaterPanel::TheaterPanel(const Settings &settings, std::function<void()> edit) : settings_(settings)
 {
-    for (QLineEdit *box : form_.txtTheaterInfo)
+    QPalette flat = palette();
+    flat.setBrush(QPalette::Base, flat.window());
+    for (QLineEdit *box : form_.txtTheaterInfo) {
         box->setReadOnly(true);
-    auto *cmdEdit = Named(new QPushButton("Edit ..."), "cmdEdit");
-    cmdEdit->setAccessibleName("Edit the theater information");
+        box->setPalette(flat);
+    }
+    auto *cmdEdit = Named(new QPushButton(messages::EditCaption), "cmdEdit");
+    cmdEdit->setAccessibleName(messages::EditName);
     connect(cmdEdit, &QPushButton::clicked, this, [edit = std::move(edit)] { edit(); });
 
     auto *column = new QVBoxLayout(this);

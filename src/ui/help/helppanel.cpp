@@ -22,6 +22,7 @@ namespace {
 
 constexpr int ContentsWidth = 165;
 constexpr int PageMargin = 12;
+constexpr int LongestLine = 900; ///< pixels; longer ones are hard to read
 constexpr int LinesPerNotch = 3;
 
 /// Dark on light whatever the theme, for so the guide's colours were chosen; a disabled page is greyer
@@ -58,6 +59,14 @@ HelpPage::HelpPage()
 QVariant HelpPage::loadResource(int, const QUrl &)
 {
     return {};
+}
+
+void HelpPage::resizeEvent(QResizeEvent *event)
+{
+    const bool wide = viewport()->width() > LongestLine;
+    setLineWrapMode(wide ? FixedPixelWidth : WidgetWidth);
+    setLineWrapColumnOrWidth(wide ? LongestLine : 0);
+    QTextBrowser::resizeEvent(event);
 }
 
 HelpPanel::HelpPanel()

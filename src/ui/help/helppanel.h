@@ -19,6 +19,9 @@ class HelpPage : public QTextBrowser {
     HelpPage();
 
     QVariant loadResource(int type, const QUrl &name) override;
+
+  protected:
+    void resizeEvent(QResizeEvent *event) override;
 };
 
 /// The tab "&Help": the guide `RTFc`, its contents and a search.

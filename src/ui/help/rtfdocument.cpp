@@ -18,6 +18,7 @@ constexpr int TwipsPerPixel = 15;
 constexpr int WidestIndent = 300; ///< pixels; a page in a small window keeps room for text
 constexpr int MostCells = 4000;   ///< of all tables; what comes after them reads as lines
 constexpr int CellPadding = 4;
+constexpr int RoomAfterTable = 10;
 constexpr double LeastContrast = 0.3;
 
 qreal Indent(int twips)
@@ -199,6 +200,8 @@ QTextTableFormat DocumentFiller::FormatOfTable(const rtf::Table &table) const
     format.setBorderCollapse(true);
     format.setCellPadding(CellPadding);
     format.setCellSpacing(0);
+    // The paragraph after a table has no room above it of its own.
+    format.setBottomMargin(RoomAfterTable);
     const auto &ends = table.cellEnds;
     if (ends.size() == std::size_t(table.columns) && ends.front() > 0 &&
         std::is_sorted(ends.begin(), ends.end())) {
