@@ -2,7 +2,7 @@
 
 #include <doctest/doctest.h>
 
-#include <chrono>
+#include <ctime>
 #include <string>
 #include <vector>
 
@@ -62,7 +62,11 @@ bool HasLoneSurrogate(const std::u16string &text)
     return false;
 }
 
-using Clock = std::chrono::steady_clock;
+/// What this program has worked, however busy the machine is with other things.
+double SecondsWorked()
+{
+    return double(std::clock()) / CLOCKS_PER_SEC;
+}
 
 } // namespace
 
@@ -316,9 +320,9 @@ TEST_CASE("50 MB of anything end soon, with what was read so far and a mark")
         std::string content = "{\\rtf1 start ";
         while (content.size() < 50'000'000)
             content += unit;
-        const auto start = Clock::now();
+        const double start = SecondsWorked();
         const Document document = Read(content);
-        CHECK(Clock::now() - start < std::chrono::seconds(5));
+        CHECK(SecondsWorked() - start < 5);
         CHECK(document.cutOff);
         CHECK(TextOf(document.paragraphs.front()).starts_with(u"start"));
     }
