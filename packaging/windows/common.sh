@@ -7,6 +7,7 @@ export LC_ALL=C.UTF-8
 say() { printf '== %s\n' "$*"; }
 die() { printf '%s: %s\n' "${0##*/}" "$*" >&2; exit 1; }
 need() { "$top/tools/need" "$@"; }
+version() { sed -n 's/^project(kelvo-console VERSION \([0-9.]*\).*/\1/p' "$top/CMakeLists.txt"; }
 
 # choose_arch ARCH: the target, as the compilers name it in $arch and as people count it in $bits.
 choose_arch() {

@@ -20,6 +20,7 @@ class SessionTest : public QObject {
   private slots:
     void initTestCase();
     void aSessionFromTheStartToAPulledCable();
+    void aLibraryForTheOtherKindOfProgramIsRefusedWithBothNamed();
 
   private:
     QString File(const QString &name) const { return folder_.filePath(name); }
@@ -186,6 +187,17 @@ void SessionTest::Exit(ConsoleUnderTest &console)
     QVERIFY(lines.size() >= 6);
     QCOMPARE(lines[0].trimmed(), "1");
     QCOMPARE(NewCalls(), QStringList());
+}
+
+void SessionTest::aLibraryForTheOtherKindOfProgramIsRefusedWithBothNamed()
+{
+    const QString other = qEnvironmentVariable("KELVO_OTHER_LIBRARY");
+    if (other.isEmpty())
+        QSKIP("KELVO_OTHER_LIBRARY names no such library");
+    Qm4sLibrary library({.given = other.toStdString(), .programFolder = {}, .executableFolder = {}});
+    QVERIFY(!library.TryLoad());
+    const QString problem = QString::fromStdString(library.Problem());
+    QVERIFY2(problem.contains("32-bit") && problem.contains("64-bit"), qPrintable(problem));
 }
 
 QTEST_MAIN(SessionTest)
