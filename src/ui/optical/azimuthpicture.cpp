@@ -16,9 +16,7 @@ constexpr QRgb White = 0xffffffff;
 constexpr QRgb Black = 0xff000000;
 constexpr QRgb Blue = 0xff0000ff;
 
-using Pair = std::array<Byte, 2>;
-
-QPoint PositionOf(const Pair &pair)
+QPoint PositionOf(const AzimuthHistory::Pair &pair)
 {
     Word across = pair[0];
     Word up = pair[1];

@@ -29,21 +29,17 @@ inline constexpr int AzimuthLines = 10; ///< readings that stay on the picture
 
 /// The last ten azimuth frames, filled cyclically.
 struct AzimuthHistory {
-    /// Row = history line x 14 + pair; the columns hold the two bytes of the pair.
-    std::array<std::array<Byte, 2>, std::size_t(AzimuthLines) * AzimuthPairs> rows{};
+    using Pair = std::array<Byte, 2>;
+
+    std::array<std::array<Pair, AzimuthPairs>, AzimuthLines> lines{};
     int line = 0; ///< the line that the next frame fills
 
-    const std::array<Byte, 2> &Row(int ofLine, int pair) const { return rows[RowNumber(ofLine, pair)]; }
+    const Pair &Row(int ofLine, int pair) const { return lines[std::size_t(ofLine)][std::size_t(pair)]; }
     void Store(std::span<const Byte, AzimuthBytes> frame)
     {
-        for (int pair = 0; pair < AzimuthPairs; ++pair) {
-            const auto first = std::size_t(pair) * 2;
-            rows[RowNumber(line, pair)] = {frame[first], frame[first + 1]};
-        }
-    }
-    static std::size_t RowNumber(int ofLine, int pair)
-    {
-        return std::size_t(ofLine) * AzimuthPairs + std::size_t(pair);
+        auto value = frame.begin();
+        for (Pair &pair : lines[std::size_t(line)])
+            pair = {*value++, *value++};
     }
     int NextLine() const { return line == AzimuthLines - 1 ? 0 : line + 1; }
 };
