@@ -100,6 +100,8 @@ int Run(int argc, char **argv, const CommandLine &line)
                 session.cancel();
         },
         Qt::DirectConnection);
+    if (line.simulate)
+        window.AddSimulatorMenu(simulated);
     window.Form_Load();
     window.show();
     if (!line.file.isEmpty())

@@ -296,7 +296,7 @@ void UnitLink::UploadToUnit(UploadSelector selector, UploadTrigger trigger)
 {
     if (MayUpload(trigger)) {
         const LocalTime now = ConsoleTime();
-        StampUnitClock(settings_.Audio, now, clock_.TimeText(now).ends_with("PM"));
+        StampUnitClock(settings_.Audio, now, IsPm(now));
         if (selector == UploadSelector::Both || selector == UploadSelector::SystemOnly)
             RetryFunction(UnitOp::SetSystem);
         if (selector == UploadSelector::Both || selector == UploadSelector::AudioOnly)
@@ -435,12 +435,22 @@ void UnitLink::SwitchOffTestSignals()
 
 void UnitLink::SetConsoleClock(std::optional<LocalTime> time)
 {
-    clockOffset_ = time ? *time - clock_.Now() : std::chrono::seconds(0);
+    clockOffset_.reset();
+    if (time)
+        clockOffset_ = *time - clock_.Now();
 }
 
 LocalTime UnitLink::ConsoleTime()
 {
-    return clock_.Now() + clockOffset_;
+    return clock_.Now() + clockOffset_.value_or(std::chrono::seconds(0));
+}
+
+bool UnitLink::IsPm(LocalTime time)
+{
+    // A time that the user chose with AM or PM counts as chosen; the PC's own as its time text shows it.
+    if (clockOffset_)
+        return time - std::chrono::floor<std::chrono::days>(time) >= std::chrono::hours(12);
+    return clock_.TimeText(time).ends_with("PM");
 }
 
 } // namespace kelvo

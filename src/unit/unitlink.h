@@ -116,6 +116,7 @@ class UnitLink {
     bool Answers(UnitOp op);
     bool AcceptVersion();
     bool MayUpload(UploadTrigger trigger);
+    bool IsPm(LocalTime time);
 
     void ShowAttempt(int failures);
     void Report(std::string_view title, std::string_view text);
@@ -127,7 +128,7 @@ class UnitLink {
     WallClock &clock_;
     UnitVersion version_;
     UnitHolds holds_;
-    std::chrono::seconds clockOffset_{0};
+    std::optional<std::chrono::seconds> clockOffset_; ///< of a clock that the user set; empty = the PC's
     int refreshCounter_ = 0;
     bool unitOnline_ = false;
     bool unitBusy_ = false;

@@ -10,30 +10,30 @@
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
+#include <charconv>
+
 namespace kelvo {
 
 namespace {
 
 using namespace std::chrono;
 
-/// The whole number that a text begins with; 0 when it begins with none.
-long NumberIn(const QLineEdit *box)
+/// The number that a text begins with; 0 when it begins with none.
+double NumberIn(const QLineEdit *box)
 {
-    return std::strtol(box->text().toLatin1().constData(), nullptr, 10);
+    double number = 0;
+    const QByteArray text = box->text().trimmed().toLatin1();
+    std::from_chars(text.begin(), text.end(), number, std::chars_format::fixed);
+    return number;
 }
 
-/// A number box that goes to "00" when it is left with a value outside its range.
-QLineEdit *NumberBox(const char *name, const char *accessibleName, long long value, long lowest, long highest)
+NumberBox *Box(const char *name, const char *accessibleName, long long value, int lowest, int highest)
 {
-    auto *box = Named(new QLineEdit(QStringLiteral("%1").arg(value, 2, 10, QLatin1Char('0'))), name);
+    const QString text = QStringLiteral("%1").arg(value, 2, 10, QLatin1Char('0'));
+    auto *box = Named(new NumberBox(text, lowest, highest), name);
     box->setAccessibleName(accessibleName);
     box->setAlignment(Qt::AlignCenter);
     box->setFixedWidth(box->fontMetrics().horizontalAdvance("00000"));
-    QObject::connect(box, &QLineEdit::editingFinished, box, [box, lowest, highest] {
-        const long entered = NumberIn(box);
-        if (entered < lowest || entered > highest)
-            box->setText("00");
-    });
     return box;
 }
 
@@ -44,6 +44,32 @@ QDate DateOf(LocalTime time)
 }
 
 } // namespace
+
+NumberBox::NumberBox(const QString &text, int lowest, int highest)
+    : QLineEdit(text),
+      lowest_(lowest),
+      highest_(highest)
+{
+    connect(this, &QLineEdit::returnPressed, this, &NumberBox::Settle);
+}
+
+void NumberBox::Settle()
+{
+    const double entered = NumberIn(this);
+    if (entered < lowest_ || entered > highest_)
+        setText("00");
+}
+
+int NumberBox::Whole() const
+{
+    return int(NumberIn(this));
+}
+
+void NumberBox::focusOutEvent(QFocusEvent *event)
+{
+    QLineEdit::focusOutEvent(event);
+    Settle();
+}
 
 HalfDayLabel::HalfDayLabel(bool pm) : QLabel(pm ? "PM" : "AM"), pm_(pm)
 {
@@ -107,9 +133,9 @@ FrmTime::FrmTime(LocalTime start, QWidget *parent) : QDialog(parent), calendar_(
     calendar_->setSelectedDate(DateOf(start));
 
     const hh_mm_ss time(start - floor<days>(start));
-    txtHour_ = NumberBox("txtHour", messages::HourName, make12(time.hours()).count(), 1, 12);
-    txtMin_ = NumberBox("txtMin", messages::MinuteName, time.minutes().count(), 0, 59);
-    txtSec_ = NumberBox("txtSec", messages::SecondName, time.seconds().count(), 0, 59);
+    txtHour_ = Box("txtHour", messages::HourName, make12(time.hours()).count(), 1, 12);
+    txtMin_ = Box("txtMin", messages::MinuteName, time.minutes().count(), 0, 59);
+    txtSec_ = Box("txtSec", messages::SecondName, time.seconds().count(), 0, 59);
     lblAP_ = Named(new HalfDayLabel(is_pm(time.hours())), "lblAP");
 
     auto *row = new QHBoxLayout;
@@ -124,7 +150,11 @@ FrmTime::FrmTime(LocalTime start, QWidget *parent) : QDialog(parent), calendar_(
     row->addStretch();
 
     QDialogButtonBox *buttons = OkAndCancel(this);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::accepted, this, [this] {
+        for (NumberBox *box : {txtHour_, txtMin_, txtSec_})
+            box->Settle();
+        accept();
+    });
 
     auto *column = new QVBoxLayout(this);
     column->addWidget(calendar_);
@@ -138,8 +168,7 @@ LocalTime FrmTime::Chosen() const
     const local_days day =
         local_days(year(date.year()) / month(unsigned(date.month())) / unsigned(date.day()));
     const hours noon(lblAP_->IsPM() ? 12 : 0);
-    return day + noon + hours(NumberIn(txtHour_) % 12) + minutes(NumberIn(txtMin_)) +
-           seconds(NumberIn(txtSec_));
+    return day + noon + hours(txtHour_->Whole() % 12) + minutes(txtMin_->Whole()) + seconds(txtSec_->Whole());
 }
 
 } // namespace kelvo

@@ -32,6 +32,25 @@ class HalfDayLabel : public QLabel {
     bool pm_;
 };
 
+/// A number that goes to "00" when its box is left with a value outside its range.
+class NumberBox : public QLineEdit {
+    Q_OBJECT
+
+  public:
+    NumberBox(const QString &text, int lowest, int highest);
+
+    void Settle();
+    /// The whole part of what the text begins with; 0 when it begins with no number.
+    int Whole() const;
+
+  protected:
+    void focusOutEvent(QFocusEvent *event) override;
+
+  private:
+    int lowest_;
+    int highest_;
+};
+
 /// "Please choose date and time": a calendar, hour 1 to 12 with AM or PM, minutes and seconds.
 class FrmTime : public QDialog {
     Q_OBJECT
@@ -44,9 +63,9 @@ class FrmTime : public QDialog {
 
   private:
     QCalendarWidget *calendar_;
-    QLineEdit *txtHour_;
-    QLineEdit *txtMin_;
-    QLineEdit *txtSec_;
+    NumberBox *txtHour_;
+    NumberBox *txtMin_;
+    NumberBox *txtSec_;
     HalfDayLabel *lblAP_;
 };
 

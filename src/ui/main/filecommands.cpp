@@ -124,7 +124,11 @@ void FrmMain::ShowLoadedSettings()
     if (!optical_->Streaming())
         link_.RetryFunction(UnitOp::SelectFormat);
     ReflectModeStatus();
-    link_.RetryFunction(UnitOp::SetMute);
+    const auto sendMute = [this] { link_.RetryFunction(UnitOp::SetMute); };
+    if (optical_->Streaming())
+        optical_->WithoutStream(sendMute);
+    else
+        sendMute();
     ReflectMuteStatus();
     LoadChannelData();
     link_.ApplyUnitSystemSettings();

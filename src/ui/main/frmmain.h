@@ -34,6 +34,8 @@ class QTabWidget;
 
 namespace kelvo {
 
+class SimulatedUnit;
+
 /// The tabs of `SSTAB1`, in their order.
 enum class Tab { FormatSelection, OutputTrim, Eq, Obe, OpticalSetup, Options, TheaterInformation, Help };
 inline constexpr int TabCount = 8;
@@ -48,6 +50,8 @@ class FrmMain final : public QMainWindow, private LinkView {
     FrmMain(Settings &settings, DeviceLibrary &library, WallClock &clock, Places places);
     ~FrmMain() override;
 
+    /// Adds the menu "Simulated Unit", which opens the knobs of a unit that exists in memory alone.
+    void AddSimulatorMenu(SimulatedUnit &unit);
     /// The start-up sequence; run once, before the window is shown.
     void Form_Load();
     /// Opens a settings file as `mnuLoad` would once its dialog has chosen it. False after a report.
@@ -179,6 +183,7 @@ class FrmMain final : public QMainWindow, private LinkView {
     QMenu *mnuFile_ = nullptr;
     QMenu *mnuOpt_ = nullptr;
     QMenu *mnuBaud_ = nullptr;
+    QMenu *mnuSimulator_ = nullptr; ///< only with the simulated unit
     QAction *mnuSave_ = nullptr;
     QAction *mnuConfirm_ = nullptr;
     QAction *mnuShort_ = nullptr;

@@ -1,6 +1,7 @@
 #include "ui/main/frmmain.h"
 
 #include "ui/controls/named.h"
+#include "ui/dialogs/frmsimulator.h"
 #include "ui/dialogs/frmtheater.h"
 #include "ui/dialogs/frmtime.h"
 
@@ -96,6 +97,20 @@ void FrmMain::BuildMenus()
     ReflectMarks();
 }
 
+void FrmMain::AddSimulatorMenu(SimulatedUnit &unit)
+{
+    mnuSimulator_ = Submenu(menuBar(), "mnuSimulator", "Simulated Unit");
+    Item(mnuSimulator_, "mnuKnobs", "Knobs and Front Panel", [this, &unit] {
+        // Made when it is first wanted: the start need not wait for it.
+        auto *frmSimulator = findChild<FrmSimulator *>();
+        if (!frmSimulator)
+            frmSimulator = new FrmSimulator(unit, this);
+        frmSimulator->show();
+        frmSimulator->raise();
+        frmSimulator->activateWindow();
+    });
+}
+
 void FrmMain::ReflectMarks()
 {
     for (const auto &[action, checked] : marks_)
@@ -106,6 +121,8 @@ void FrmMain::EnableCommands(bool enable)
 {
     mnuFile_->setEnabled(enable);
     mnuOpt_->setEnabled(enable);
+    if (mnuSimulator_)
+        mnuSimulator_->setEnabled(enable);
     cmdConnect_->setEnabled(enable);
     // Changing the tab may ask and send, so it waits as well.
     SSTAB1_->tabBar()->setEnabled(enable);
@@ -161,6 +178,8 @@ void FrmMain::mnuSys_Click()
 
 void FrmMain::mnuSet_Click()
 {
+    if (!CommitEntries())
+        return;
     FrmTheater(
         settings_, [this] { theater_->ApplyTheaterTabFields(); }, this)
         .exec();

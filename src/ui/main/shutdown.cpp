@@ -101,6 +101,7 @@ bool FrmMain::SaveQuestionAnswered()
 
 void FrmMain::RevertToSnapshot()
 {
+    StopRunningStream(); // whose unit must not be asked to change its mute
     if (OpenFile(SnapshotFile()))
         link_.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit);
 }

@@ -41,11 +41,11 @@ Word TextBeside(int y)
     return Rounded(y - GraphFontSize / 2);
 }
 
-void DrawFrame(GraphPicture &graph, int reference)
+void DrawFrame(GraphPicture &graph, int reference, Stroke stroke)
 {
     graph.lines.push_back({GraphAxis, 0, GraphAxis, GraphBaseLine});
     graph.lines.push_back({GraphAxis, GraphBaseLine, RightEnd, GraphBaseLine});
-    graph.lines.push_back({GraphAxis, reference, RightEnd, reference, Stroke::Dashed});
+    graph.lines.push_back({GraphAxis, reference, RightEnd, reference, stroke});
     PrintOnGraph(graph, 2, TextBeside(reference), "Ref.");
 }
 
@@ -102,7 +102,7 @@ GraphPicture DrawGain(const GainReading &gain)
 {
     GraphPicture graph;
     graph.fontName = GraphFont;
-    DrawFrame(graph, GainReference);
+    DrawFrame(graph, GainReference, Stroke::Dashed);
     graph.boxes = {{LeftBar, gain[0], LeftBar + GainBarWidth, GraphBaseLine, Ink::Blue},
                    {RightBar, gain[1], RightBar + GainBarWidth, GraphBaseLine, Ink::Blue}};
     PrintOnGraph(graph, LeftBar, Rounded(GraphBaseLine + GraphFontSize), "  Left");
@@ -116,7 +116,7 @@ GraphPicture DrawSlit(const SlitReadings &slit)
     graph.fontName = SlitFont;
     graph.boxes.reserve(std::size_t(ReaderSides) * SlitLossBytes * 2);
     graph.texts.reserve(ReaderSides * BandLabels.size() + 4);
-    DrawFrame(graph, SlitReference);
+    DrawFrame(graph, SlitReference, Stroke::Solid);
     graph.lines.push_back({Divider, 0, Divider, GraphBaseLine});
     PrintOnGraph(graph, 2, 40, "12 dB");
     PrintOnGraph(graph, 2, 49, "Range");

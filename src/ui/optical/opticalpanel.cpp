@@ -272,8 +272,13 @@ void OpticalPanel::cmdPro_Click(int index)
 
 void OpticalPanel::cmdMute4_Click()
 {
+    WithoutStream(surroundings_.toggleMute);
+}
+
+void OpticalPanel::WithoutStream(const std::function<void()> &work)
+{
     link_.RetryFunction(UnitOp::StopStream);
-    surroundings_.toggleMute();
+    work();
     if (streaming_)
         BeginStream();
 }

@@ -39,6 +39,8 @@ class OpticalPanel : public QWidget {
     bool Streaming() const { return streaming_; }
     void cmdStart_Click();
     void cmdMute4_Click();
+    /// Does what the unit must not be asked while it streams; a running stream begins again afterwards.
+    void WithoutStream(const std::function<void()> &work);
     void StreamLock(bool locked);
     /// `cmdRT60` reads "Off"; nothing is sent.
     void ShowTestSignalsOff();

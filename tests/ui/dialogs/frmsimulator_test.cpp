@@ -1,3 +1,4 @@
+#include "support/ui/consoleundertest.h"
 #include "ui/dialogs/frmsimulator.h"
 
 #include <QCheckBox>
@@ -240,6 +241,22 @@ class FrmSimulatorTest : public QObject {
                                      "SetVol",
                                      "StopStream"}));
         QCOMPARE(cboOperation->itemText(0), "Any");
+    }
+
+    void theMainWindowsMenuOpensIt()
+    {
+        ConsoleUnderTest console;
+        QVERIFY(!console.window->findChild<QAction *>("mnuSimulator"));
+        console.window->AddSimulatorMenu(console.unit);
+        QCOMPARE(console.Action("mnuSimulator")->text().remove('&'), "Simulated Unit");
+        QVERIFY(!console.window->findChild<FrmSimulator *>("frmSimulator"));
+        console.Trigger("mnuKnobs");
+        auto *frmSimulator = console.window->findChild<FrmSimulator *>("frmSimulator");
+        QVERIFY(frmSimulator->isVisible());
+        // Turned at the unit, seen at the console.
+        QTest::keyClick(frmSimulator->findChild<QDoubleSpinBox *>("txtLevel"), Qt::Key_Down);
+        console.Tick("tmrPoll");
+        QCOMPARE(console.Find<QLineEdit>("lblVol(3)")->text(), "6.9");
     }
 
     void theTimerRestsWhileTheWindowIsClosed()

@@ -50,7 +50,8 @@ class TheaterTabTest : public QObject {
             QCOMPARE(ShownText(console, 10), "Row G");
             QCOMPARE(console.settings.TheaterInfo[1], "Odeon 3");
             QVERIFY(console.settings.SettingsChanged);
-            QCOMPARE(console.Calls(), Calls{}); // the texts are the console's own
+            for (const std::string &call : console.Calls())
+                QVERIFY2(call.starts_with("Get"), call.c_str()); // the texts are the console's own
         }
     }
 

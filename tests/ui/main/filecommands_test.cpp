@@ -239,7 +239,7 @@ void FileCommandsTest::openLeavesThePollOffWhileAStreamRuns()
     console.Forget();
     Open(console, WriteSample(console));
     QVERIFY(!console.Find<QTimer>("tmrPoll")->isActive());
-    QCOMPARE(console.Calls(), (Calls{"SetVol 42", "SetMute -1"}));
+    QCOMPARE(console.Calls(), (Calls{"SetVol 42", "StopStream", "SetMute -1", "BeginGainStream"}));
     console.Forget();
     console.Click("cmdStart");
     // The format of the file is the one that the stop selects.

@@ -222,11 +222,11 @@ void MenusTest::theClockOfTheDialogIsStampedAndSent()
     console.Trigger("mnuSys");
     QVERIFY(!Checked(console, "mnuSys"));
     QCOMPARE(console.Calls(), Calls{"SetAudio"});
-    // 14 March 2024 at 9:30 in the evening: the dialog's hour on its dial, the month one up, Thursday 6; the
-    // PC's time text of this clock has no "PM".
+    // 14 March 2024 at 9:30 in the evening: the dialog's hour on its dial, the month one up, Thursday 6, PM
+    // as chosen, though the PC's time text has no "PM".
     QCOMPARE(int(console.unit.audio.UnitClock[0]), 4 * 16 + 9);
     QCOMPARE(int(console.unit.audio.UnitClock[1]), 6 * 32 + 14);
-    QCOMPARE(int(console.unit.audio.UnitClock[2]), 30);
+    QCOMPARE(int(console.unit.audio.UnitClock[2]), 64 + 30);
     QCOMPARE(int(console.unit.audio.UnitClock[3]), 24);
 }
 
@@ -250,7 +250,7 @@ void MenusTest::theSystemsTimeComesBack()
         QTest::mouseClick(dialog->findChild<QPushButton *>("cmdOK"), Qt::LeftButton);
     });
     console.Trigger("mnuSys");
-    QCOMPARE(int(console.unit.audio.UnitClock[2]), 44);
+    QCOMPARE(int(console.unit.audio.UnitClock[2]), 64 + 44);
     console.Forget();
     console.Trigger("mnuSys");
     QVERIFY(Checked(console, "mnuSys"));

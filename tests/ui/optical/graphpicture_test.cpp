@@ -89,7 +89,7 @@ class GraphPictureTest : public QObject {
         QCOMPARE(graph.lines.size(), std::size_t(4));
         QVERIFY(Has(graph.lines, {25, 0, 25, 255, Stroke::Solid}));
         QVERIFY(Has(graph.lines, {25, 255, 300, 255, Stroke::Solid}));
-        QVERIFY(Has(graph.lines, {25, 64, 300, 64, Stroke::Dashed}));
+        QVERIFY(Has(graph.lines, {25, 64, 300, 64, Stroke::Solid}));
         QVERIFY(Has(graph.lines, {162, 0, 162, 255, Stroke::Solid}));
     }
 
