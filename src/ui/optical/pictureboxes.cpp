@@ -164,7 +164,7 @@ QRect OptGraph::ToWindow(const QRect &units) const
 
 void OptGraph::paintEvent(QPaintEvent *event)
 {
-    constexpr double SmallFontUnits = 8;
+    constexpr double SmallFontUnits = 7; // "Range" ends before the axis
     constexpr double FontUnits = GraphFontSize * 4 / 3;
     QPainter painter(this);
     painter.fillRect(event->rect(), Qt::white);
@@ -173,11 +173,8 @@ void OptGraph::paintEvent(QPaintEvent *event)
         canvas.Draw(line);
     for (const GraphBox &box : picture_.boxes)
         canvas.Draw(box);
-    const QRect bars(QPoint(GraphAxis, 0), QPoint(GraphWidth, GraphBaseLine));
-    if (ToWindow(bars).contains(event->rect()))
-        return;
     if (picture_.fontName == SlitFont)
-        canvas.SetFont(font(), SmallFontUnits, QFont::SemiCondensed);
+        canvas.SetFont(font(), SmallFontUnits, QFont::Condensed);
     else
         canvas.SetFont(font(), FontUnits, QFont::AnyStretch);
     for (const GraphText &text : picture_.texts)
