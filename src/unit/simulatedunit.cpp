@@ -334,7 +334,7 @@ Status SimulatedUnit::GetOptAzimuth(std::span<Byte, AzimuthBytes> frame)
         const double degrees = 45 + reader.azimuthDegrees + 2 * std::sin(Turn * seconds / 11);
         const double angle = Turn * degrees / 360;
         for (std::size_t point = 0; point < AzimuthBytes / 2; ++point) {
-            const double along = radius * std::sin(Turn * (double(point) / (AzimuthBytes / 2) + seconds / 5));
+            const double along = radius * std::sin(Turn * (double(point) * 2 / AzimuthBytes + seconds / 5));
             frame[2 * point] = Offset(along * std::cos(angle) + Noise());
             frame[2 * point + 1] = Offset(along * std::sin(angle) + Noise());
         }
