@@ -11,6 +11,8 @@
 #include <QVBoxLayout>
 
 #include <charconv>
+#include <cmath>
+#include <limits>
 
 namespace kelvo {
 
@@ -18,13 +20,17 @@ namespace {
 
 using namespace std::chrono;
 
+constexpr auto ResetNumber = "00";
+
 /// The number that a text begins with; 0 when it begins with none.
 double NumberIn(const QLineEdit *box)
 {
     double number = 0;
     const QByteArray text = box->text().trimmed().toLatin1();
-    std::from_chars(text.begin(), text.end(), number, std::chars_format::fixed);
-    return number;
+    const auto read = std::from_chars(text.begin(), text.end(), number, std::chars_format::fixed);
+    if (read.ec == std::errc::result_out_of_range)
+        return std::numeric_limits<double>::infinity(); // hundreds of digits: beyond the range of every box
+    return std::isnan(number) ? 0 : number;
 }
 
 NumberBox *Box(const char *name, const char *accessibleName, long long value, int lowest, int highest)
@@ -50,14 +56,15 @@ NumberBox::NumberBox(const QString &text, int lowest, int highest)
       lowest_(lowest),
       highest_(highest)
 {
-    connect(this, &QLineEdit::returnPressed, this, &NumberBox::Settle);
 }
 
-void NumberBox::Settle()
+bool NumberBox::Settle()
 {
     const double entered = NumberIn(this);
-    if (entered < lowest_ || entered > highest_)
-        setText("00");
+    if ((entered >= lowest_ && entered <= highest_) || text() == ResetNumber)
+        return true;
+    setText(ResetNumber);
+    return false;
 }
 
 int NumberBox::Whole() const
@@ -150,16 +157,25 @@ FrmTime::FrmTime(LocalTime start, QWidget *parent) : QDialog(parent), calendar_(
     row->addStretch();
 
     QDialogButtonBox *buttons = OkAndCancel(this);
-    connect(buttons, &QDialogButtonBox::accepted, this, [this] {
-        for (NumberBox *box : {txtHour_, txtMin_, txtSec_})
-            box->Settle();
-        accept();
-    });
+    connect(buttons, &QDialogButtonBox::accepted, this, &FrmTime::cmdOK_Click);
 
     auto *column = new QVBoxLayout(this);
     column->addWidget(calendar_);
     column->addLayout(row);
     column->addWidget(buttons);
+}
+
+/// Enter comes here while its box still has the focus: a number that this resets is shown before it counts.
+void FrmTime::cmdOK_Click()
+{
+    for (NumberBox *box : {txtHour_, txtMin_, txtSec_}) {
+        if (!box->Settle()) {
+            box->setFocus();
+            box->selectAll();
+            return;
+        }
+    }
+    accept();
 }
 
 LocalTime FrmTime::Chosen() const

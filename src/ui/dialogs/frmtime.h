@@ -39,7 +39,8 @@ class NumberBox : public QLineEdit {
   public:
     NumberBox(const QString &text, int lowest, int highest);
 
-    void Settle();
+    /// False when the text had to be reset.
+    bool Settle();
     /// The whole part of what the text begins with; 0 when it begins with no number.
     int Whole() const;
 
@@ -62,6 +63,8 @@ class FrmTime : public QDialog {
     LocalTime Chosen() const;
 
   private:
+    void cmdOK_Click();
+
     QCalendarWidget *calendar_;
     NumberBox *txtHour_;
     NumberBox *txtMin_;

@@ -128,6 +128,23 @@ class FrmTimeTest : public QObject {
         QTest::newRow("second 5 stays") << "txtSec"
                                         << "5"
                                         << "5";
+        QTest::newRow("hour nan") << "txtHour"
+                                  << "nan"
+                                  << "00";
+        QTest::newRow("hour -nan") << "txtHour"
+                                   << "-nan"
+                                   << "00";
+        QTest::newRow("minute inf") << "txtMin"
+                                    << "inf"
+                                    << "00";
+        QTest::newRow("minute -infinity") << "txtMin"
+                                          << "-infinity"
+                                          << "00";
+        const QString nines(400, '9');
+        for (const char *box : {"txtHour", "txtMin", "txtSec"}) {
+            QTest::addRow("400 nines in %s", box) << box << nines << "00";
+            QTest::addRow("400 nines below nothing in %s", box) << box << '-' + nines << "00";
+        }
     }
     void aBoxLeftWithABadValueReadsDoubleZero()
     {
@@ -138,6 +155,23 @@ class FrmTimeTest : public QObject {
         opened.Type(box.toLatin1(), typed.toLatin1());
         QTest::keyClick(opened.Find(box.toLatin1()), Qt::Key_Tab);
         QCOMPARE(opened.Find(box.toLatin1())->text(), left);
+    }
+
+    void wordsThatAProgramTakesForNumbersAreZero_data()
+    {
+        QTest::addColumn<QString>("typed");
+        for (const char *typed : {"nan", "-nan", "NaN", "nan(1)"})
+            QTest::newRow(typed) << typed;
+    }
+    void wordsThatAProgramTakesForNumbersAreZero()
+    {
+        QFETCH(QString, typed);
+        const Opened opened(HalfPastNineAtNight);
+        for (const char *box : {"txtHour", "txtMin", "txtSec"})
+            opened.Type(box, typed.toLatin1());
+        QTest::mouseClick(opened.Find<QPushButton>("cmdOK"), Qt::LeftButton);
+        QCOMPARE(opened.dialog.result(), int(QDialog::Accepted));
+        QVERIFY(opened.dialog.Chosen() == local_days(2024y / 3 / 5) + 12h);
     }
 
     void amAndPmChangeByClickAndBySpaceBar()
@@ -170,10 +204,41 @@ class FrmTimeTest : public QObject {
     {
         const Opened opened(HalfPastNineAtNight);
         opened.Type("txtHour", "13");
-        QTest::keyClick(opened.Find("txtHour"), Qt::Key_Return);
+        QTest::mouseClick(opened.Find<QPushButton>("cmdOK"), Qt::LeftButton);
         QCOMPARE(opened.Find("txtHour")->text(), "00");
         QCOMPARE(opened.dialog.result(), int(QDialog::Accepted));
         QVERIFY(opened.dialog.Chosen() == local_days(2024y / 3 / 5) + 12h + 30min + 7s);
+    }
+
+    void enterShowsAResetBeforeItCounts_data()
+    {
+        QTest::addColumn<QString>("box");
+        QTest::newRow("hour") << "txtHour";
+        QTest::newRow("minute") << "txtMin";
+        QTest::newRow("second") << "txtSec";
+    }
+    void enterShowsAResetBeforeItCounts()
+    {
+        QFETCH(QString, box);
+        const Opened opened(HalfPastNineAtNight);
+        QLineEdit *typed = opened.Find(box.toLatin1());
+        opened.Type(box.toLatin1(), "75");
+        QTest::keyClick(typed, Qt::Key_Return);
+        QVERIFY(opened.dialog.isVisible());
+        QVERIFY(typed->hasFocus());
+        QCOMPARE(typed->text(), "00");
+        QCOMPARE(typed->selectedText(), "00");
+        QTest::keyClick(typed, Qt::Key_Return);
+        QCOMPARE(opened.dialog.result(), int(QDialog::Accepted));
+    }
+
+    void enterTakesAGoodNumberAtOnce()
+    {
+        const Opened opened(HalfPastNineAtNight);
+        opened.Type("txtHour", "7");
+        QTest::keyClick(opened.Find("txtHour"), Qt::Key_Enter, Qt::KeypadModifier);
+        QCOMPARE(opened.dialog.result(), int(QDialog::Accepted));
+        QVERIFY(opened.dialog.Chosen() == local_days(2024y / 3 / 5) + 19h + 30min + 7s);
     }
 
     void cancelAndEscapeRefuse()
