@@ -113,6 +113,9 @@ void ObePanel::ReflectOBEStatus()
     const bool on = settings_.ObeEnabled;
     cmdOBEEnable_->Show(tr(on ? ObeOn : ObeOff), on ? Face::On : Face::Normal);
     ShowChoice(cboObeF_, settings_.ObeMode - 1);
+    // Disabling the field takes what is typed in it, which is not for the unit's or a file's settings to do.
+    if (!on && settings_.Updating)
+        level_->Field()->Drop();
     level_->Slider()->setEnabled(on);
     level_->Field()->setEnabled(on);
     cboObeF_->setEnabled(on);

@@ -272,6 +272,32 @@ class ObePanelTest : public QObject {
         QCOMPARE(console.Calls(), Calls{"SetPink 2 0"});
     }
 
+    void aReadBackThatFindsObeOffDropsAHalfTypedLevel()
+    {
+        Obe console(4, 7);
+        console.TypeOnly("lblOBE", "-3");
+        console.unit.audio.ObeFreq = 0;
+        console.settings.Options.AutoRefresh = 1;
+        console.settings.Options.RefreshSeconds = 1;
+        console.Tick("tmrRefresh");
+        QVERIFY(!console.Find<QLineEdit>("lblOBE")->isEnabled());
+        QCOMPARE(console.Level(), "2.5");
+        QCOMPARE(console.Position(), 17);
+        QCOMPARE(console.settings.Audio.ObeLevel, Byte(7));
+        QVERIFY(!console.settings.SettingsChanged);
+        QCOMPARE(console.Calls(), (Calls{"GetAudio", "GetSystem", "GetMute", "GetVol", "GetFormat"}));
+    }
+
+    void switchingObeOffTakesWhatIsTyped()
+    {
+        Obe console(4, 7);
+        console.TypeOnly("lblOBE", "-3");
+        console.Click("cmdOBEEnable");
+        QCOMPARE(console.Level(), "-3.0");
+        QCOMPARE(console.settings.Audio.ObeLevel, Byte(18));
+        QCOMPARE(console.unit.audio.ObeLevel, Byte(18));
+    }
+
     void showingTheUnitsSettingsSendsNothing()
     {
         Obe console(4, 7);
