@@ -104,6 +104,9 @@ HelpPanel::HelpPanel()
     connect(new QShortcut(QKeySequence(Qt::Key_F3), this), &QShortcut::activated, this, [this] { Step(1); });
     connect(new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F3), this), &QShortcut::activated, this,
             [this] { Step(-1); });
+    auto *escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    escape->setContext(Qt::WidgetWithChildrenShortcut); // the fader beside the tabs has its own Escape
+    connect(escape, &QShortcut::activated, this, &HelpPanel::CloseSearch);
 }
 
 void HelpPanel::LoadHelp(const QString &path)

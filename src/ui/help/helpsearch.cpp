@@ -72,9 +72,6 @@ bool HelpPanel::eventFilter(QObject *watched, QEvent *event)
         return QWidget::eventFilter(watched, event);
     const auto *key = static_cast<QKeyEvent *>(event);
     switch (key->key()) {
-    case Qt::Key_Escape:
-        CloseSearch();
-        return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
         Step(key->modifiers() & Qt::ShiftModifier ? -1 : 1);

@@ -360,6 +360,28 @@ class HelpPanelTest : public QObject {
         QVERIFY(shown.Page()->hasFocus());
     }
 
+    void escapeClosesTheSearchWhereverTheFocusIs_data()
+    {
+        QTest::addColumn<QString>("focus");
+        for (const char *focus : {"txtFind", "cmdNext", "cmdCloseFind", "RTFc", "lstContents"})
+            QTest::newRow(focus) << focus;
+    }
+    void escapeClosesTheSearchWhereverTheFocusIs()
+    {
+        QFETCH(QString, focus);
+        Shown shown(LongGuide());
+        QVERIFY(shown.active);
+        shown.panel.OpenSearch();
+        auto *receiver = shown.Find<QWidget>(focus.toLatin1());
+        receiver->setFocus();
+        QVERIFY(receiver->hasFocus());
+        QTest::keyClick(receiver, Qt::Key_Escape);
+        QVERIFY(shown.Find<QWidget>("frmFind")->isHidden());
+        QCOMPARE(shown.Find<QLineEdit>("txtFind")->text(), "");
+        const bool inBar = shown.Find<QWidget>("frmFind")->isAncestorOf(receiver);
+        QVERIFY(inBar ? shown.Page()->hasFocus() : receiver->hasFocus());
+    }
+
     void everyPlaceFoundIsMarkedUntilTheSearchIsClosed()
     {
         Shown shown(LongGuide());
