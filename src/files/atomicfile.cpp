@@ -83,11 +83,18 @@ std::error_code Fill(OpenFile &file, std::string_view bytes, std::optional<FileM
     return error ? error : closeError;
 }
 
-/// The rename is certain once the folder is flushed; some network file systems have no such call.
+/// What file systems answer, some of them on a network, that have no flush for a folder.
+bool KnowsNoFlush(std::error_code error)
+{
+    return error == std::errc::invalid_argument || error == std::errc::not_supported ||
+           error == std::errc::operation_not_supported || error == std::errc::function_not_supported;
+}
+
+/// The rename is certain once the folder is flushed.
 std::error_code FlushFolder(OpenFile &folder, const FileCalls &calls)
 {
     const std::error_code error = Again([&] { return calls.Flush(folder.handle); });
-    return error == std::errc::invalid_argument ? std::error_code() : error;
+    return KnowsNoFlush(error) ? std::error_code() : error;
 }
 
 std::error_code Replace(std::string path, std::string_view bytes, const FileCalls &calls)

@@ -112,15 +112,18 @@ class LineWriter {
     bool atLineStart_ = true;
 };
 
+/// Takes the next line from the front of `rest`; true when it is this text in quotes.
+bool TakeFixed(std::string_view &rest, std::string_view text)
+{
+    const auto line = TakeLine(rest);
+    return line && Unquoted(*line) == text;
+}
+
 class LineReader {
   public:
     explicit LineReader(std::string_view bytes) : rest_(bytes), utf8_(IsUtf8(bytes)) {}
 
-    bool Fixed(std::string_view text)
-    {
-        const auto line = TakeLine(rest_);
-        return line && Unquoted(*line) == text;
-    }
+    bool Fixed(std::string_view text) { return TakeFixed(rest_, text); }
 
     bool Text(std::string &text)
     {
@@ -144,8 +147,8 @@ class LineReader {
                line_.empty();
     }
 
-    /// Blank lines may follow the last one, nothing else.
-    bool AtEnd() const { return rest_.find_first_not_of(" \t\r\n") == std::string_view::npos; }
+    /// Blank lines may follow the last one and the end mark of old editors, Ctrl-Z; nothing else.
+    bool AtEnd() const { return rest_.find_first_not_of(" \t\r\n\x1A") == std::string_view::npos; }
 
   private:
     bool StartLine()
@@ -176,7 +179,7 @@ class LineReader {
 
 bool StartsWithHeader(std::string_view bytes)
 {
-    return LineReader(bytes).Fixed(Header);
+    return TakeFixed(bytes, Header);
 }
 
 } // namespace

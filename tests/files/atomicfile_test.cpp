@@ -53,6 +53,27 @@ void TryFault(const Writer &writer, bool exists, Fault fault, std::size_t at)
     CHECK(folder.Count() == (exists || isNew ? 1 : 0));
 }
 
+/// A folder whose flush answers `answer`; whatever else is called goes well.
+class FolderFlushAnswers : public FileCalls {
+  public:
+    explicit FolderFlushAnswers(std::errc answer) : answer_(answer) {}
+
+    std::error_code OpenFolder(const std::string &path, FileHandle &folder) const override
+    {
+        const std::error_code error = FileCalls::OpenFolder(path, folder);
+        folder_ = folder;
+        return error;
+    }
+    std::error_code Flush(FileHandle file) const override
+    {
+        return file == folder_ ? std::make_error_code(answer_) : FileCalls::Flush(file);
+    }
+
+  private:
+    std::errc answer_;
+    mutable FileHandle folder_ = NoFile;
+};
+
 } // namespace
 
 TEST_CASE("whichever call goes wrong, a file is the old one or the new one, whole, and the writer says which")
@@ -73,6 +94,17 @@ TEST_CASE("whichever call goes wrong, a file is the old one or the new one, whol
         }
     std::printf("writing: %d points of failure tried, old or new and whole at each\n", points);
     CHECK(points >= 3 * 2 * 2 * 9);
+}
+
+TEST_CASE("a folder that knows no flush is no failure, one that cannot be flushed is told")
+{
+    const TestFolder folder;
+    for (const std::errc none : {std::errc::invalid_argument, std::errc::not_supported,
+                                 std::errc::operation_not_supported, std::errc::function_not_supported})
+        CHECK_FALSE(WriteWhole(folder.Path("a.zcf"), "new", FolderFlushAnswers(none)));
+    CHECK(folder.Get("a.zcf") == "new");
+    CHECK(WriteWhole(folder.Path("a.zcf"), "new", FolderFlushAnswers(std::errc::io_error)));
+    CHECK(WriteWhole(folder.Path("a.zcf"), "new", FolderFlushAnswers(std::errc::no_space_on_device)));
 }
 
 TEST_CASE("a file is written, flushed and renamed, in this order, and its folder is flushed last")

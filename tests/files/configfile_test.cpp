@@ -126,13 +126,16 @@ TEST_CASE("a load leaves file name, flags and preferences to its caller")
     CHECK(settings.Options.ComPort == 3);
 }
 
-TEST_CASE("lines may end in CR LF or LF, with blanks around every value and blank lines at the end")
+TEST_CASE("lines may end in CR LF or LF, with blanks around every value; blank lines and the "
+          "end mark of old editors may follow")
 {
     const std::string last = "\"M\xC3\xBCller, ok\"\r\n";
     const std::string bytes[] = {
         WithLineEnds(SampleFile, "\n"),
         SampleFile.substr(0, SampleFile.size() - 2),
         SampleFile + "\r\n \t\r\n\n",
+        SampleFile + "\x1A",
+        SampleFile + "\r\n\x1A\r\n",
         Changed("4,65,-1", "  4 ,\t65 , -1 \t"),
         Changed("\"A7\"", " \t\"A7\"  "),
         Changed("\"Kelvo CP Settings File: V1.0\"", "  \"Kelvo CP Settings File: V1.0\" "),
@@ -243,6 +246,8 @@ TEST_CASE("a malformed line is refused")
         CheckRefused(Changed("\"A7\"", each));
     CheckRefused(SampleFile + "0\r\n");
     CheckRefused(SampleFile + SampleFile);
+    CheckRefused(SampleFile + "\x1A" + "0");
+    CheckRefused("\x1A" + SampleFile);
 }
 
 TEST_CASE("another header is refused")
