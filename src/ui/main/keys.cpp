@@ -35,7 +35,8 @@ bool FrmMain::PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers modif
     const bool connect = key == Qt::Key_F1;
     const bool upload = key == Qt::Key_F2;
     if (connect || upload) {
-        if (repeat || link_.InCall() || !CommitEntries())
+        // Connect does nothing on line, so it is asked first and takes what is typed itself.
+        if (repeat || link_.InCall() || (upload && !CommitEntries()))
             return true;
         if (connect)
             cmdConnect_Click();

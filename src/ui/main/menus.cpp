@@ -146,11 +146,16 @@ void FrmMain::mnuAutoRef_Click()
 {
     if (!CommitEntries())
         return;
+    const QPointer<QWidget> focus = focusWidget();
     setEnabled(false);
     frmRef_ = std::make_unique<FrmRef>(settings_.Options, this);
-    connect(frmRef_.get(), &QDialog::finished, this, [this] {
+    connect(frmRef_.get(), &QDialog::finished, this, [this, focus] {
         ReflectMarks();
         setEnabled(true);
+        activateWindow();
+        // Disabling took it away. Another window had it meanwhile, so a slider is not come to anew.
+        if (focus)
+            focus->setFocus(Qt::ActiveWindowFocusReason);
     });
     frmRef_->show();
     frmRef_->activateWindow();

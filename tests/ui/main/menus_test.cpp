@@ -21,6 +21,7 @@ class MenusTest : public QObject {
     void aSecondClickOnAChosenItemKeepsItsMark();
     void automaticUpdateDisablesTheWindowAndTurnsUploadsOn();
     void automaticUpdateUncheckedLeavesUploadsAlone();
+    void closingAutomaticUpdateGivesTheFocusBack();
     void closingAutomaticUpdateTakesItsValues();
     void aPollThatFailsUnderAutomaticUpdateIsTold();
     void theClockOfTheDialogIsStampedAndSent();
@@ -180,6 +181,24 @@ void MenusTest::automaticUpdateUncheckedLeavesUploadsAlone()
     QVERIFY(!Checked(console, "mnuAuto"));
     QVERIFY(!Checked(console, "mnuAutoRef"));
     console.Find<QDialog>("frmRef")->close();
+}
+
+void MenusTest::closingAutomaticUpdateGivesTheFocusBack()
+{
+    ConsoleUnderTest console(OnLine, Tab::Eq);
+    console.settings.Options.AutoUpload = true;
+    auto *sclBass = console.Find<QSlider>("sclBass");
+    sclBass->setFocus();
+    console.Key(Qt::Key_Up);
+    QCOMPARE(console.Calls(), Calls{"SetAudio"});
+    console.Trigger("mnuAutoRef");
+    QTest::mouseClick(console.Find<QPushButton>("Command1"), Qt::LeftButton);
+    QCOMPARE(QApplication::activeWindow(), console.window.get());
+    QCOMPARE(QApplication::focusWidget(), sclBass);
+    // It was never left: the position at which it was come to still counts.
+    console.Forget();
+    console.Key(Qt::Key_Down);
+    QCOMPARE(console.Calls(), Calls());
 }
 
 void MenusTest::closingAutomaticUpdateTakesItsValues()
