@@ -351,8 +351,8 @@ bool EqualiserPanel::RunShortcut(QChar key)
     const auto channel = std::ranges::find(ChannelKey, key.toLatin1());
     if (channel == ChannelKey.end() && key != 'm' && key != '7' && key != 'g')
         return false;
-    // A level still being typed belongs to what was shown when it was begun.
-    if (!entries_.CommitEntry())
+    // A level still being typed belongs to what was shown when it was begun. Sending it may lose the link.
+    if (!entries_.CommitEntry() || !isEnabled())
         return true;
     if (channel != ChannelKey.end())
         cmdEQChan_Click(int(channel - ChannelKey.begin()));

@@ -76,6 +76,7 @@ FrmFader &MasterFader::Dialog()
         frmFader_ = new FrmFader(window_, [this](int tenths) { SetLevel(Word(tenths)); });
         frmFader_->setEnabled(!master_ || master_->isEnabled());
         Wire(frmFader_->Slider());
+        entries_.dialog = &frmFader_->Entries();
     }
     return *frmFader_;
 }
@@ -113,26 +114,19 @@ void MasterFader::SetNominal()
 
 void MasterFader::cmdSet7_Click()
 {
-    if (Ask(window_, messages::SetFader7))
+    if (entries_.CommitEntry() && Ask(window_, messages::SetFader7))
         SetLevel(NominalFader);
 }
 
 void MasterFader::cmdAdjust_Click()
 {
+    // Taken here: the slider gets the focus while the dialog is not active, so the field is not left.
+    if (!entries_.CommitEntry())
+        return;
     Dialog().show();
     Dialog().raise();
     Dialog().activateWindow();
     Dialog().Slider()->setFocus();
-}
-
-bool MasterFader::CommitDialogEntry()
-{
-    return !frmFader_ || frmFader_->Entries().CommitEntry();
-}
-
-bool MasterFader::DialogSliderHeld() const
-{
-    return frmFader_ && frmFader_->Entries().sliderHeld;
 }
 
 /// Decides which of the two sliders a change that no hand made belongs to.

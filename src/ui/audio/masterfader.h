@@ -38,11 +38,6 @@ class MasterFader : public QObject {
     /// The question and, unless No, fader 7.0.
     void cmdSet7_Click();
 
-    /// Takes what is typed in the dialog's field; false after a bad value.
-    bool CommitDialogEntry();
-    /// The dialog's slider is in the user's hand.
-    bool DialogSliderHeld() const;
-
   protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 

@@ -142,6 +142,8 @@ void OutputTrimPanel::Upload()
 
 void OutputTrimPanel::cmdReset_Click()
 {
+    if (!entries_.CommitEntry())
+        return;
     settings_.Audio.ChannelTrim.fill(FlatHalfDecibel);
     settings_.SettingsChanged = true;
     Show();

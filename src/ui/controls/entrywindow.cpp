@@ -9,7 +9,13 @@ bool EntryWindow::CommitEntry()
 {
     if (sliderHeld)
         sliderHeld->LetGo();
-    return !editing || !editing->IsPending() || editing->Validate();
+    const bool taken = !editing || !editing->IsPending() || editing->Validate();
+    return taken && (!dialog || dialog->CommitEntry());
+}
+
+bool EntryWindow::HoldsSlider() const
+{
+    return sliderHeld || (dialog && dialog->HoldsSlider());
 }
 
 } // namespace kelvo

@@ -232,9 +232,8 @@ void FrmMain::BuildTimers()
     });
     Timer(this, "tmrRefresh", Second, [this] {
         // A read-back waits for the hand, and for the stream, whose format it would take over.
-        const bool held = entries_.sliderHeld || masterFader_->DialogSliderHeld();
         if (TimersMayTouchUnit())
-            link_.RefreshTick(!held && !optical_->Streaming());
+            link_.RefreshTick(!entries_.HoldsSlider() && !optical_->Streaming());
     })->start();
     const auto showTime = [this] {
         lblClock_->setText(QString::fromStdString(clock_.TimeText(clock_.Now())));

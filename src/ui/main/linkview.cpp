@@ -197,7 +197,7 @@ bool FrmMain::TimersMayTouchUnit() const
 
 bool FrmMain::CommitEntries()
 {
-    return entries_.CommitEntry() && masterFader_->CommitDialogEntry();
+    return entries_.CommitEntry();
 }
 
 } // namespace kelvo

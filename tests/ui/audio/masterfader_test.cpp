@@ -72,6 +72,7 @@ class MasterFaderTest : public QObject {
     void heldKeyPausesThePollAndSendsOnce();
     void keysStopAtBothEndsAndSendNothingThere();
     void dragFollowsEverywherePausesThePollAndSendsOnce();
+    void anyMouseButtonPausesThePoll();
     void grooveAndWheelAreOneChangeEach();
     void dragOnTheDialogMovesTheMainSliderAndSendsOnce();
     void keysOnTheDialogSendOnce();
@@ -86,6 +87,9 @@ class MasterFaderTest : public QObject {
     void setTo7AsksAndSendsOnYesAlone();
     void tabQuestionSetsAndSendsNominal();
     void adjustOpensTheDialogWithItsSliderInFocus();
+    void adjustTakesWhatIsTypedInTheDialogFirst();
+    void uploadTakesWhatIsTypedInTheDialogFirst();
+    void setTo7TakesWhatIsTypedFirst();
     void dialogHasItsWidthAndItsSliderFollowsItsHeight();
     void dialogIsClosedByNeitherEnterNorEscape();
     void closingTheDialogTakesWhatIsTyped();
@@ -277,6 +281,20 @@ void MasterFaderTest::dragFollowsEverywherePausesThePollAndSendsOnce()
     QCOMPARE(console.Calls(), Calls{"SetVol 79"});
 }
 
+void MasterFaderTest::anyMouseButtonPausesThePoll()
+{
+    Console console;
+    auto *tmrPoll = console.Find<QTimer>("tmrPoll");
+    for (const auto button : {Qt::LeftButton, Qt::MiddleButton, Qt::RightButton}) {
+        QTest::mousePress(console.Main(), button, {}, ThumbOf(console.Main(), 29));
+        QVERIFY(!tmrPoll->isActive());
+        QTest::mouseRelease(console.Main(), button, {}, ThumbOf(console.Main(), 29));
+        QVERIFY(tmrPoll->isActive());
+    }
+    QCOMPARE(console.Wrong("7.0", 29), QString());
+    QCOMPARE(console.Calls(), Calls{});
+}
+
 void MasterFaderTest::grooveAndWheelAreOneChangeEach()
 {
     Console console;
@@ -463,6 +481,58 @@ void MasterFaderTest::adjustOpensTheDialogWithItsSliderInFocus()
     QVERIFY(!console.Dialog()->isModal());
     QCOMPARE(console.Dialog()->windowTitle(), "Fader:");
     QVERIFY(console.OfDialog()->hasFocus());
+}
+
+void MasterFaderTest::adjustTakesWhatIsTypedInTheDialogFirst()
+{
+    Console console;
+    console.OpenDialog();
+    console.TypeOnly("lblVol", "5");
+    console.window->activateWindow();
+    QTRY_COMPARE(QApplication::activeWindow(), console.window.get());
+    console.Click("cmdAdjust(0)");
+    QTRY_VERIFY(console.OfDialog()->hasFocus());
+    Tap(console.OfDialog(), Qt::Key_Up);
+    QCOMPARE(console.Wrong("5.1", 48), QString());
+    console.Dialog()->close();
+    QCOMPARE(console.Calls(), (Calls{"SetVol 50", "SetVol 51"}));
+
+    console.OpenDialog();
+    console.TypeOnly("lblVol", "11");
+    console.window->activateWindow();
+    console.AnswerNextBox(RangeTitle, QMessageBox::Ok, FaderError);
+    console.Click("cmdAdjust(0)");
+    QVERIFY(console.AllBoxesSeen());
+    QCOMPARE(console.Text("lblVol"), "11");
+    QVERIFY(!console.OfDialog()->hasFocus());
+    console.Find<QLineEdit>("lblVol")->setText("5.1");
+    Tap(console.Find<QLineEdit>("lblVol"), Qt::Key_Return);
+}
+
+void MasterFaderTest::uploadTakesWhatIsTypedInTheDialogFirst()
+{
+    Console console;
+    console.OpenDialog();
+    console.TypeOnly("lblVol", "5");
+    console.window->activateWindow();
+    console.Click("cmdUp(0)");
+    QCOMPARE(console.Wrong("5.0", 49), QString());
+    QCOMPARE(console.Calls(), (Calls{"SetVol 50", "SetSystem", "SetAudio"}));
+}
+
+void MasterFaderTest::setTo7TakesWhatIsTypedFirst()
+{
+    Console console(OnLine, Tab::Eq);
+    console.TypeOnly("lblVol(1)", "11");
+    console.AnswerNextBox(RangeTitle, QMessageBox::Ok, FaderError);
+    console.Find<QPushButton>("cmdSet7(1)")->click();
+    QVERIFY(console.AllBoxesSeen());
+    QCOMPARE(console.Calls(), Calls{});
+    console.TypeOnly("lblVol(1)", "5");
+    console.AnswerNextBox(Set7Title, QMessageBox::Yes, Set7Question);
+    console.Find<QPushButton>("cmdSet7(1)")->click();
+    QCOMPARE(console.Wrong("7.0", 29), QString());
+    QCOMPARE(console.Calls(), (Calls{"SetVol 50", "SetVol 70"}));
 }
 
 void MasterFaderTest::dialogHasItsWidthAndItsSliderFollowsItsHeight()

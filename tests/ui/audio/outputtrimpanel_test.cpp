@@ -56,6 +56,7 @@ class OutputTrimPanelTest : public QObject {
     void arrowsGoAlongTheSixAndRoundTheEnds();
     void badTrimIsToldAndNothingChanges();
     void resetSetsAllSixAndUploadsOnce();
+    void resetTakesWhatIsTypedFirst();
     void resetWithAutomaticUploadOffIsStoredAndTold();
     void byteBeyondTheSliderStaysUntilItMoves();
     void noiseTogglesItsChannel();
@@ -144,6 +145,26 @@ void OutputTrimPanelTest::resetSetsAllSixAndUploadsOnce()
     }
     QCOMPARE(console.Calls(), Calls{"SetAudio"});
     QVERIFY(console.settings.SettingsChanged);
+}
+
+void OutputTrimPanelTest::resetTakesWhatIsTypedFirst()
+{
+    Console console;
+    console.Type("lblPNG(0)", "3");
+    console.TypeOnly("lblPNG(2)", "22");
+    console.Forget();
+    console.AnswerNextBox("Range Check Error", QMessageBox::Ok);
+    console.Find<QPushButton>("cmdReset")->click();
+    QVERIFY(console.AllBoxesSeen());
+    QCOMPARE(console.Text(0), "3.0");
+    QCOMPARE(console.Calls(), Calls{});
+    console.TypeOnly("lblPNG(2)", "4");
+    console.Find<QPushButton>("cmdReset")->click();
+    QCOMPARE(console.Text(0), "0.0");
+    QCOMPARE(console.Text(2), "0.0");
+    console.Slider(2)->setFocus();
+    QCOMPARE(console.unit.audio.ChannelTrim[Center], Byte(12));
+    QCOMPARE(console.Calls(), (Calls{"SetAudio", "SetAudio"}));
 }
 
 void OutputTrimPanelTest::resetWithAutomaticUploadOffIsStoredAndTold()

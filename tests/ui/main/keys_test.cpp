@@ -13,6 +13,7 @@ class KeysTest : public QObject {
 
   private slots:
     void f1ConnectsAndDoesNothingOnLine();
+    void f1OnLineLeavesWhatIsTypedOrHeldAlone();
     void f2SendsBothRecordsFromAnyTab();
     void f2TakesWhatIsBeingTypedFirst();
     void f2IsCalledOffByABadValue();
@@ -24,6 +25,8 @@ class KeysTest : public QObject {
     void aShortcutNeedsItsConditions();
     void aFieldKeepsItsOwnKeysWithoutShortcuts();
     void aShortcutTakesWhatIsBeingTypedFirst();
+    void aShortcutWhoseEntryLosesTheLinkIsNotRun_data();
+    void aShortcutWhoseEntryLosesTheLinkIsNotRun();
     void keysThatAreNoCharactersAreNoShortcuts();
 };
 
@@ -45,6 +48,27 @@ void KeysTest::f1ConnectsAndDoesNothingOnLine()
     console.Forget();
     console.Key(Qt::Key_F1);
     QCOMPARE(console.Calls(), Calls());
+}
+
+void KeysTest::f1OnLineLeavesWhatIsTypedOrHeldAlone()
+{
+    ConsoleUnderTest console(OnLine, Tab::OutputTrim);
+    console.TypeOnly("lblPNG(2)", "22");
+    console.Key(Qt::Key_F1);
+    QCOMPARE(console.Find<QLineEdit>("lblPNG(2)")->text(), "22");
+    console.Type("lblPNG(2)", "0");
+    console.TypeOnly("lblVol(3)", "5.0");
+    console.Forget();
+    console.Key(Qt::Key_F1);
+    QCOMPARE(console.Find<QLineEdit>("lblVol(3)")->text(), "5.0");
+    QCOMPARE(console.Calls(), Calls());
+    console.Type("lblVol(3)", "7");
+    console.Find<QSlider>("sclVol")->setFocus();
+    console.Press(Qt::Key_Up);
+    console.Press(Qt::Key_F1);
+    QCOMPARE(console.Calls(), Calls());
+    console.Release(Qt::Key_Up);
+    QCOMPARE(console.Calls(), Calls{"SetVol 71"});
 }
 
 void KeysTest::f2SendsBothRecordsFromAnyTab()
@@ -188,6 +212,31 @@ void KeysTest::aShortcutTakesWhatIsBeingTypedFirst()
     console.Key(Qt::Key_L, Qt::ControlModifier);
     QVERIFY(console.Find<QPushButton>("cmdEQChan(2)")->font().bold());
     console.Type("lblBass", "0");
+}
+
+void KeysTest::aShortcutWhoseEntryLosesTheLinkIsNotRun_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("a channel") << int(Qt::Key_C);
+    QTest::newRow("mute") << int(Qt::Key_M);
+    QTest::newRow("noise") << int(Qt::Key_G);
+    QTest::newRow("fader 7.0") << int(Qt::Key_7);
+}
+
+void KeysTest::aShortcutWhoseEntryLosesTheLinkIsNotRun()
+{
+    QFETCH(int, key);
+    ConsoleUnderTest console(OnLine, Tab::Eq);
+    WithShortcuts(console);
+    console.settings.Options.AutoUpload = true;
+    console.TypeOnly("lblBass", "3");
+    console.unit.panel.plugged = false;
+    console.AnswerNextBox("Connection Error", QMessageBox::Ok);
+    console.Key(Qt::Key(key), Qt::ControlModifier);
+    QVERIFY(console.AllBoxesSeen());
+    QVERIFY(console.Find<QPushButton>("cmdEQChan(0)")->font().bold());
+    QCOMPARE(console.Find<QPushButton>("cmdPink")->text(), "Pink Noise Off");
+    QCOMPARE(console.settings.MuteState, False);
 }
 
 void KeysTest::keysThatAreNoCharactersAreNoShortcuts()
