@@ -22,6 +22,8 @@ LevelField::LevelField(const LevelRule &rule, EntryWindow &entries, Take take)
       entries_(entries),
       take_(std::move(take))
 {
+    // A text dropped in from elsewhere would stand in the field without its being the place of entry.
+    setAcceptDrops(false);
     setAlignment(Qt::AlignCenter);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
@@ -120,11 +122,15 @@ void LevelField::Leave(Qt::FocusReason reason)
     }
 }
 
-/// The field goes away under the user, with its tab or its panel: there is no place to correct a bad value.
+/// The field goes away under the user. On a panel that is disabled there is no place to correct a bad value;
+/// a hidden one waits for the command that hid it, which takes what is typed or is called off.
 void LevelField::Settle()
 {
     if (IsPending()) {
-        if (ReadLevel(rule_, text().toStdString()).kind == LevelEntry::OutOfRange)
+        const bool bad = ReadLevel(rule_, text().toStdString()).kind == LevelEntry::OutOfRange;
+        if (bad && isEnabled())
+            return;
+        if (bad)
             Drop();
         else
             Validate();
@@ -182,7 +188,6 @@ bool LevelField::SwitchesTab(QObject *receiver, QEvent *event) const
     switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::Shortcut:
-    case QEvent::Wheel:
         return qobject_cast<QTabBar *>(receiver) && static_cast<QWidget *>(receiver)->window() == window();
     case QEvent::KeyPress: {
         const int key = static_cast<QKeyEvent *>(event)->key();

@@ -164,8 +164,7 @@ void LevelSlider::keyReleaseEvent(QKeyEvent *event)
 
 void LevelSlider::mousePressEvent(QMouseEvent *event)
 {
-    const bool moves = event->button() == Qt::LeftButton || event->button() == Qt::MiddleButton;
-    if (moves && event->buttons() == event->button())
+    if (event->buttons() == event->button())
         TakeBy(Hand::Mouse);
     QSlider::mousePressEvent(event);
 }

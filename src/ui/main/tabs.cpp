@@ -26,6 +26,8 @@ void FrmMain::SSTAB1_Click(int tab)
     if (link_.InCall() || !CommitEntries()) {
         const QSignalBlocker quietly(SSTAB1_);
         SSTAB1_->setCurrentIndex(shownTab_);
+        if (entries_.editing)
+            entries_.editing->setFocus();
         return;
     }
     const int previous = std::exchange(shownTab_, tab);

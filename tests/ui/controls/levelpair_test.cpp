@@ -6,7 +6,9 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QDragEnterEvent>
 #include <QHBoxLayout>
+#include <QMimeData>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
@@ -135,6 +137,7 @@ class LevelPairTest : public QObject {
     void fieldBeingTypedInIsNotRewritten();
     void fieldsOfOneRuleShareOneWidth();
     void hostileTextsAreRefusedOrDropped();
+    void textIsNotDroppedIntoAField();
 };
 
 void LevelPairTest::position0IsDrawnAtTheTop()
@@ -727,6 +730,16 @@ void LevelPairTest::hostileTextsAreRefusedOrDropped()
     }
     QCOMPARE(boxes.Seen(), QStringList());
     QCOMPARE(window.Events(), QStringList());
+}
+
+void LevelPairTest::textIsNotDroppedIntoAField()
+{
+    Window window;
+    QMimeData text;
+    text.setText("3");
+    QDragEnterEvent dragged({5, 5}, Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.gain->Field(), &dragged);
+    QVERIFY(!dragged.isAccepted());
 }
 
 QTEST_MAIN(LevelPairTest)

@@ -1,4 +1,5 @@
 #include "support/ui/consoleundertest.h"
+#include "support/ui/hands.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -28,6 +29,7 @@ class TabsTest : public QObject {
     void leavingAQuietTabSendsNothing();
     void aBadValueKeepsTheUserOnTheTab_data();
     void aBadValueKeepsTheUserOnTheTab();
+    void theWheelOverTheHeadingsLeavesWhatIsTypedAlone();
     void aLostLinkOnEnteringObeLeavesThePanelDisabled();
 };
 
@@ -216,6 +218,7 @@ void TabsTest::aBadValueKeepsTheUserOnTheTab_data()
     QTest::newRow("a click on another tab") << "click";
     QTest::newRow("Ctrl+Tab") << "ctrl tab";
     QTest::newRow("an access key") << "access key";
+    QTest::newRow("a tool for the disabled") << "tool";
 }
 
 void TabsTest::aBadValueKeepsTheUserOnTheTab()
@@ -229,14 +232,29 @@ void TabsTest::aBadValueKeepsTheUserOnTheTab()
         console.GoTo(Tab::Help);
     else if (way == "ctrl tab")
         console.Key(Qt::Key_Tab, Qt::ControlModifier);
-    else
+    else if (way == "access key")
         console.Key(Qt::Key_H, Qt::AltModifier);
+    else
+        Strip(console)->setCurrentIndex(7);
+    QVERIFY(console.AllBoxesSeen());
     QCOMPARE(Strip(console)->currentIndex(), 1);
     auto *field = console.Find<QLineEdit>("lblPNG(0)");
     QCOMPARE(console.Focus(), field);
     QCOMPARE(field->selectedText(), "9");
     QCOMPARE(console.Calls(), Calls());
     console.Type("lblPNG(0)", "0");
+}
+
+void TabsTest::theWheelOverTheHeadingsLeavesWhatIsTypedAlone()
+{
+    ConsoleUnderTest console(OnLine, Tab::OutputTrim);
+    for (const char *text : {"9", "3"}) {
+        console.TypeOnly("lblPNG(0)", text);
+        console.Forget();
+        Wheel(Strip(console)->tabBar(), -120);
+        QCOMPARE(Strip(console)->currentIndex(), 1);
+        QCOMPARE(console.Find<QLineEdit>("lblPNG(0)")->text(), text);
+    }
 }
 
 void TabsTest::aLostLinkOnEnteringObeLeavesThePanelDisabled()
