@@ -7,10 +7,11 @@ namespace kelvo::rtf {
 /// The upper half of a single-byte character set; its lower half is ASCII.
 using CodePage = std::array<char16_t, 128>;
 
-/// By number: 1250, 1251, 1252 or 437. Any other one is read as 1252.
+/// By number: 437, 1250 to 1254 or 1257. Any other one is read as 1252.
 const CodePage &CodePageByNumber(int number);
 
-/// By the character set of a font: 204 Cyrillic, 238 Eastern Europe, 255 the old PC's; null = the document's.
+/// By the character set of a font: 161 Greek, 162 Turkish, 186 Baltic, 204 Cyrillic, 238 Eastern Europe,
+/// 255 the old PC's; null = the document's.
 const CodePage *CodePageByCharset(int charset);
 
 inline char16_t Decode(const CodePage &page, unsigned char byte)

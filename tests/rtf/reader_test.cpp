@@ -170,9 +170,28 @@ TEST_CASE("bytes are read in the character set of the font, else of the document
     CHECK(TextOfBody("\xe9") == u"\u00e9");
     CHECK(TextOf(Read("{\\rtf1\\ansi\\ansicpg1250 \\'b3\\'f3\\'9f}")) == u"\u0142\u00f3\u017a");
     CHECK(TextOf(Read("{\\rtf1\\ansi\\ansicpg1251 \\'c4\\'e0}")) == u"\u0414\u0430");
+    CHECK(TextOf(Read("{\\rtf1\\ansi\\ansicpg1253 \\'cd\\'e1\\'df}")) == u"\u039d\u03b1\u03af");
+    CHECK(TextOf(Read("{\\rtf1\\ansi\\ansicpg1254 \\'dd\\'fe\\'fd\\'f0}")) == u"\u0130\u015f\u0131\u011f");
+    CHECK(TextOf(Read("{\\rtf1\\ansi\\ansicpg1257 \\'f0\\'e2\\'eb\\'fe}")) == u"\u0161\u0101\u0117\u017e");
+    CHECK(TextOf(Read("{\\rtf1\\ansi\\ansicpg1255 \\'e9}")) == u"\u00e9");
     CHECK(TextOf(Read("{\\rtf1\\pc \\'84\\'c4}")) == u"\u00e4\u2500");
     CHECK(TextOfBody("{\\f3\\'b7}x") == u"\u2022x");
     CHECK(TextOfBody("{\\f3\\u-3913?}x") == u"\u2022x");
+}
+
+TEST_CASE("a font's character set is known by its number")
+{
+    const auto inFont = [](const char *charset, const char *bytes) {
+        return TextOf(Read(std::string("{\\rtf1\\ansi{\\fonttbl{\\f0\\fcharset") + charset +
+                           " Arial;}}\\f0 " + bytes + "}"));
+    };
+    CHECK(inFont("161", "\\'d9") == u"\u03a9");
+    CHECK(inFont("162", "\\'de") == u"\u015e");
+    CHECK(inFont("186", "\\'da") == u"\u015a");
+    CHECK(inFont("204", "\\'df") == u"\u042f");
+    CHECK(inFont("238", "\\'f8") == u"\u0159");
+    CHECK(inFont("255", "\\'e1") == u"\u00df");
+    CHECK(inFont("0", "\\'df") == u"\u00df");
 }
 
 TEST_CASE("words and symbols that stand for characters")
