@@ -1,5 +1,6 @@
 #include "ui/audio/subbassframe.h"
 
+#include "ui/controls/choices.h"
 #include "ui/controls/levelboard.h"
 #include "ui/controls/named.h"
 
@@ -16,15 +17,6 @@ namespace {
 constexpr std::array<const char *, 7> FrequencyNames{"25 Hz", "31.5 Hz", "40 Hz", "50 Hz",
                                                      "63 Hz", "80 Hz",   "100 Hz"};
 constexpr std::array<const char *, 3> WidthNames{"1/3 octave", "2/3 octave", "1 octave"};
-
-/// The chosen button of a group, or none of them.
-void ShowChoice(QButtonGroup &group, int index)
-{
-    group.setExclusive(false);
-    for (QAbstractButton *button : group.buttons())
-        button->setChecked(group.id(button) == index);
-    group.setExclusive(true);
-}
 
 } // namespace
 
@@ -72,8 +64,8 @@ void SubBassFrame::ShowChannel(const QString &channel)
 
 void SubBassFrame::Show(const ChannelSlice &slice)
 {
-    ShowChoice(*optBand_, slice.Band[SubWidth]);
-    ShowChoice(*optSPB_, slice.Band[SubFreq]);
+    ShowChoice(optBand_, slice.Band[SubWidth]);
+    ShowChoice(optSPB_, slice.Band[SubFreq]);
     gain_->ShowPosition(slice.Band[SubGain]);
 }
 

@@ -3,7 +3,7 @@
 #include "ui/controls/levelboard.h"
 #include "ui/controls/named.h"
 #include "ui/controls/uploadbutton.h"
-#include "ui/optical/choices.h"
+#include "ui/controls/choices.h"
 #include "ui/optical/messages.h"
 
 #include <QFormLayout>

@@ -1,4 +1,4 @@
-#include "ui/optical/choices.h"
+#include "ui/controls/choices.h"
 
 #include <QAbstractButton>
 
