@@ -1,6 +1,7 @@
 #include "ui/main/frmmain.h"
 
 #include "ui/controls/named.h"
+#include "ui/controls/spacing.h"
 #include "ui/main/messages.h"
 
 #include <QApplication>
@@ -20,7 +21,6 @@ namespace kelvo {
 namespace {
 
 constexpr int WindowMargin = 9;
-constexpr int GroupSpacing = 12;
 constexpr int ColumnWidth = 104;
 constexpr QSize UsualSize(1024, 700);
 

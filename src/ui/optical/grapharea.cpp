@@ -22,8 +22,8 @@ GraphArea::GraphArea() : OptGraph_(Named(new OptGraph, "OptGraph")), optAzi_(Nam
     OptGraph_->setParent(this);
     optAzi_->setParent(this);
     optAzi_->hide();
-    OptGraph_->setAccessibleName(tr("Graph of the reader's gain or slit loss"));
-    optAzi_->setAccessibleName(tr("Azimuth picture"));
+    OptGraph_->setAccessibleName("Graph of the reader's gain or slit loss");
+    optAzi_->setAccessibleName("Azimuth picture");
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 

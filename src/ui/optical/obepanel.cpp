@@ -1,9 +1,10 @@
 #include "ui/optical/obepanel.h"
 
+#include "ui/controls/choices.h"
 #include "ui/controls/levelboard.h"
 #include "ui/controls/named.h"
+#include "ui/controls/spacing.h"
 #include "ui/controls/uploadbutton.h"
-#include "ui/controls/choices.h"
 #include "ui/optical/messages.h"
 
 #include <QFormLayout>
@@ -15,9 +16,6 @@ namespace kelvo {
 
 namespace {
 
-constexpr int Spacing = 6;
-constexpr int GroupSpacing = 12;
-constexpr int PanelMargin = 3;
 constexpr int BigButtonHeight = 48;
 constexpr int ColumnWidth = 205;
 
@@ -40,7 +38,6 @@ ObePanel::ObePanel(Settings &settings, UnitLink &link, EntryWindow &entries, QPu
     right->addWidget(BuildUploadButton(2, link, entries));
 
     auto *layout = new QGridLayout(this);
-    layout->setContentsMargins(PanelMargin, PanelMargin, PanelMargin, PanelMargin);
     layout->setHorizontalSpacing(GroupSpacing);
     layout->addWidget(BuildObe(), 0, 0, Qt::AlignTop);
     layout->addWidget(BuildLevel(entries), 0, 1);
@@ -53,20 +50,20 @@ ObePanel::ObePanel(Settings &settings, UnitLink &link, EntryWindow &entries, QPu
 
 QGroupBox *ObePanel::BuildObe()
 {
-    auto *group = new QGroupBox(tr("OBE"));
+    auto *group = new QGroupBox("OBE");
     auto *layout = new QVBoxLayout(group);
     layout->setSpacing(Spacing);
-    cmdOBEEnable_ = Named(new StateButton(tr(ObeOff)), "cmdOBEEnable");
+    cmdOBEEnable_ = Named(new StateButton(ObeOff), "cmdOBEEnable");
     cmdOBEEnable_->setMinimumHeight(BigButtonHeight);
     connect(cmdOBEEnable_, &QPushButton::clicked, this, &ObePanel::cmdOBEEnable_Click);
     cboObeF_ = Named(new ChoiceList, "cboObeF");
-    cboObeF_->setAccessibleName(tr("OBE frequency"));
+    cboObeF_->setAccessibleName("OBE frequency");
     for (const char *frequency : ObeFrequencies)
-        cboObeF_->addItem(tr(frequency));
+        cboObeF_->addItem(frequency);
     connect(cboObeF_, &QComboBox::activated, this, &ObePanel::cboObeF_Click);
     layout->addWidget(cmdOBEEnable_);
     layout->addSpacing(GroupSpacing);
-    layout->addWidget(new QLabel(tr("Frequency:")));
+    layout->addWidget(new QLabel("Frequency:"));
     layout->addWidget(cboObeF_);
     return group;
 }
@@ -75,11 +72,11 @@ QGroupBox *ObePanel::BuildLevel(EntryWindow &entries)
 {
     level_ = new LevelPair(ObeRule, entries, {"lblOBE", "sclOBE"},
                            {[this](int position) { StoreLevel(position); }, [this] { SendObe(); }}, this);
-    level_->SetAccessibleName(tr("OBE level, dB"));
+    level_->SetAccessibleName("OBE level, dB");
     auto *board = new LevelBoard({ObeMarks.begin(), ObeMarks.end()});
     board->Add(level_->Slider(), 1);
     board->Grid()->addWidget(level_->Field(), LevelBoard::SliderRow + 1, 1, Qt::AlignHCenter);
-    auto *group = new QGroupBox(tr("Level"));
+    auto *group = new QGroupBox("Level");
     auto *layout = new QVBoxLayout(group);
     layout->addWidget(board, 1, Qt::AlignHCenter);
     return group;
@@ -87,14 +84,14 @@ QGroupBox *ObePanel::BuildLevel(EntryWindow &entries)
 
 QGroupBox *ObePanel::BuildNoise(QPushButton *cmdMute3)
 {
-    auto *group = new QGroupBox(tr("Pink Noise"));
+    auto *group = new QGroupBox("Pink Noise");
     auto *layout = new QFormLayout(group);
     layout->setSpacing(Spacing);
-    noise_ = {{{Named(new StateButton(tr(CaptionOff)), "cmdPNC"), Center},
-               {Named(new StateButton(tr(CaptionOff)), "cmdPNS"), Subwoofer}}};
+    noise_ = {{{Named(new StateButton(CaptionOff), "cmdPNC"), Center},
+               {Named(new StateButton(CaptionOff), "cmdPNS"), Subwoofer}}};
     for (const Noise &noise : noise_) {
-        const QString name = noise.channel == Center ? tr("Center") : tr("Subwoofer");
-        noise.button->setAccessibleName(tr("Pink noise, %1").arg(name));
+        const QString name = noise.channel == Center ? "Center" : "Subwoofer";
+        noise.button->setAccessibleName(QString("Pink noise, %1").arg(name));
         connect(noise.button, &QPushButton::clicked, this, [this, noise] { cmdNoise_Click(noise); });
         layout->addRow(name + QLatin1Char(':'), noise.button);
     }
@@ -111,7 +108,7 @@ void ObePanel::Show()
 void ObePanel::ReflectOBEStatus()
 {
     const bool on = settings_.ObeEnabled;
-    cmdOBEEnable_->Show(tr(on ? ObeOn : ObeOff), on ? Face::On : Face::Normal);
+    cmdOBEEnable_->Show(on ? ObeOn : ObeOff, on ? Face::On : Face::Normal);
     ShowChoice(cboObeF_, settings_.ObeMode - 1);
     // Disabling the field takes what is typed in it, which is not for the unit's or a file's settings to do.
     if (!on && settings_.Updating)
@@ -124,7 +121,7 @@ void ObePanel::ReflectOBEStatus()
 void ObePanel::ShowTestSignalsOff()
 {
     for (const Noise &noise : noise_)
-        noise.button->Show(tr(CaptionOff), Face::Normal);
+        noise.button->Show(CaptionOff, Face::Normal);
 }
 
 void ObePanel::LeaveTab()
@@ -133,7 +130,7 @@ void ObePanel::LeaveTab()
         // After New the button shows off while the unit still plays.
         if (noise.button->ShownFace() != Face::On && !link_.Holds().Pink[std::size_t(noise.channel)])
             continue;
-        noise.button->Show(tr(CaptionOff), Face::Normal);
+        noise.button->Show(CaptionOff, Face::Normal);
         link_.RetryFunction(UnitOp::SetPink, noise.channel, False);
     }
 }
@@ -171,7 +168,7 @@ void ObePanel::SendObe()
 void ObePanel::cmdNoise_Click(const Noise &noise)
 {
     const bool on = noise.button->ShownFace() != Face::On;
-    noise.button->Show(tr(on ? CaptionOn : CaptionOff), on ? Face::On : Face::Normal);
+    noise.button->Show(on ? CaptionOn : CaptionOff, on ? Face::On : Face::Normal);
     link_.RetryFunction(UnitOp::SetPink, noise.channel, on ? True : False);
 }
 

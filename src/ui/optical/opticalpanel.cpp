@@ -1,8 +1,9 @@
 #include "ui/optical/opticalpanel.h"
 
-#include "ui/controls/named.h"
-#include "ui/controls/uploadbutton.h"
 #include "ui/controls/choices.h"
+#include "ui/controls/named.h"
+#include "ui/controls/spacing.h"
+#include "ui/controls/uploadbutton.h"
 #include "ui/optical/messages.h"
 
 #include <QGridLayout>
@@ -26,10 +27,6 @@ constexpr auto BlinkInterval = 1000ms;
 
 /// The format that the unit is put in for the duration of a stream.
 constexpr Word StreamFormat = 1;
-
-constexpr int Spacing = 6;
-constexpr int GroupSpacing = 12;
-constexpr int PanelMargin = 3;
 
 void Fill(QLabel *label, const QColor &ground, const QColor &ink)
 {
@@ -66,7 +63,6 @@ OpticalPanel::OpticalPanel(Settings &settings, UnitLink &link, EntryWindow &entr
     connect(surroundings_.cmdMute4, &QPushButton::clicked, this, &OpticalPanel::cmdMute4_Click);
 
     auto *layout = new QGridLayout(this);
-    layout->setContentsMargins(PanelMargin, PanelMargin, PanelMargin, PanelMargin);
     layout->setSpacing(GroupSpacing);
     layout->addWidget(graphs_, 0, 0);
     layout->addLayout(controls, 0, 1);
@@ -86,12 +82,12 @@ OpticalPanel::OpticalPanel(Settings &settings, UnitLink &link, EntryWindow &entr
 
 QGroupBox *OpticalPanel::BuildMeasurements()
 {
-    auto *group = new QGroupBox(tr("Measurement"));
+    auto *group = new QGroupBox("Measurement");
     auto *layout = new QVBoxLayout(group);
     layout->setSpacing(Spacing);
     auto *optOptical = new QButtonGroup(group);
     for (int index = 0; index < int(Measurements.size()); ++index) {
-        auto *option = Named(new OptionButton(tr(Measurements[std::size_t(index)])), "optOptical", index);
+        auto *option = Named(new OptionButton(Measurements[std::size_t(index)]), "optOptical", index);
         option->setChecked(index == int(measurement_));
         optOptical->addButton(option, index);
         layout->addWidget(option);
@@ -102,11 +98,11 @@ QGroupBox *OpticalPanel::BuildMeasurements()
 
 QGroupBox *OpticalPanel::BuildProjectors()
 {
-    auto *group = new QGroupBox(tr("Projector"));
+    auto *group = new QGroupBox("Projector");
     auto *layout = new QVBoxLayout(group);
     layout->setSpacing(Spacing);
     for (int index = 0; index < int(cmdPro_.size()); ++index) {
-        auto *cmdPro = Named(new StateButton(tr(Projectors[std::size_t(index)])), "cmdPro", index);
+        auto *cmdPro = Named(new StateButton(Projectors[std::size_t(index)]), "cmdPro", index);
         cmdPro->SetFace(index == settings_.Projector ? Face::Selected : Face::Normal);
         connect(cmdPro, &QPushButton::clicked, this, [this, index] { cmdPro_Click(index); });
         layout->addWidget(cmdPro);
@@ -117,15 +113,15 @@ QGroupBox *OpticalPanel::BuildProjectors()
 
 QWidget *OpticalPanel::BuildStart()
 {
-    lblStart_ = Named(new QLabel(tr(PressStart)), "lblStart");
+    lblStart_ = Named(new QLabel(PressStart), "lblStart");
     KeepPlaceWhenHidden(lblStart_);
-    cmdStart_ = Named(new QPushButton(tr(CaptionStart)), "cmdStart");
+    cmdStart_ = Named(new QPushButton(CaptionStart), "cmdStart");
     // The column stays as narrow as its label allows: the graphs need the room.
     cmdStart_->setMinimumWidth(cmdStart_->fontMetrics().horizontalAdvance(cmdStart_->text()) +
                                2 * GroupSpacing);
     cmdStart_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     connect(cmdStart_, &QPushButton::clicked, this, &OpticalPanel::cmdStart_Click);
-    lblLock_ = Named(new QLabel(tr(Locked)), "lblLock");
+    lblLock_ = Named(new QLabel(Locked), "lblLock");
     lblLock_->setAlignment(Qt::AlignCenter);
     lblLock_->setMargin(Spacing);
     KeepPlaceWhenHidden(lblLock_);
@@ -144,13 +140,13 @@ QWidget *OpticalPanel::BuildStart()
 
 QGroupBox *OpticalPanel::BuildRT60()
 {
-    auto *group = new QGroupBox(tr("RT60"));
+    auto *group = new QGroupBox("RT60");
     auto *layout = new QHBoxLayout(group);
     layout->setSpacing(Spacing);
-    cmdRT60_ = Named(new StateButton(tr(CaptionOff)), "cmdRT60");
-    cmdRT60_->setAccessibleName(tr("Reverberation time test"));
+    cmdRT60_ = Named(new StateButton(CaptionOff), "cmdRT60");
+    cmdRT60_->setAccessibleName("Reverberation time test");
     connect(cmdRT60_, &QPushButton::clicked, this, &OpticalPanel::cmdRT60_Click);
-    layout->addWidget(new QLabel(tr("Reverberation time test")));
+    layout->addWidget(new QLabel("Reverberation time test"));
     layout->addWidget(cmdRT60_);
     layout->addStretch();
     return group;
@@ -187,7 +183,7 @@ void OpticalPanel::StartStream()
 
     surroundings_.cmdMute4->setEnabled(false);
     streaming_ = true;
-    cmdStart_->setText(tr(CaptionStop));
+    cmdStart_->setText(CaptionStop);
     lblLock_->show();
     tmrOptical_->start(ReadingInterval);
     BeginStream();
@@ -224,7 +220,7 @@ void OpticalPanel::ReturnToIdle()
     tmrOptical_->stop();
     tmrOptical_->setInterval(0);
     streaming_ = false;
-    cmdStart_->setText(tr(CaptionStart));
+    cmdStart_->setText(CaptionStart);
     lblLock_->hide();
     ClearPictures();
     surroundings_.cmdMute4->setEnabled(true);
@@ -288,7 +284,7 @@ void OpticalPanel::cmdRT60_Click()
     surroundings_.showNoiseOff();
     const bool on = cmdRT60_->ShownFace() != Face::On;
     if (on)
-        cmdRT60_->Show(tr(CaptionOn), Face::On);
+        cmdRT60_->Show(CaptionOn, Face::On);
     else
         ShowTestSignalsOff();
     link_.RetryFunction(UnitOp::SetRT60, 0, on ? True : False);
@@ -299,7 +295,7 @@ void OpticalPanel::StreamLock(bool locked)
     if (shownLock_ == locked)
         return;
     shownLock_ = locked;
-    lblLock_->setText(tr(locked ? Locked : NotLocked));
+    lblLock_->setText(locked ? Locked : NotLocked);
     if (locked)
         Fill(lblLock_, QColor(0, 255, 0), Qt::black);
     else
@@ -308,7 +304,7 @@ void OpticalPanel::StreamLock(bool locked)
 
 void OpticalPanel::ShowTestSignalsOff()
 {
-    cmdRT60_->Show(tr(CaptionOff), Face::Normal);
+    cmdRT60_->Show(CaptionOff, Face::Normal);
 }
 
 void OpticalPanel::LeaveTab()

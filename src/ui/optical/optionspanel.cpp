@@ -1,9 +1,10 @@
 #include "ui/optical/optionspanel.h"
 
 #include "model/tables.h"
-#include "ui/controls/named.h"
-#include "ui/controls/uploadbutton.h"
 #include "ui/controls/choices.h"
+#include "ui/controls/named.h"
+#include "ui/controls/spacing.h"
+#include "ui/controls/uploadbutton.h"
 #include "ui/optical/messages.h"
 
 #include <QFormLayout>
@@ -16,10 +17,6 @@ namespace {
 
 constexpr int HighestNonsyncTrim = 20; ///< decibels
 constexpr int SurroundDelayCount = 11; ///< 0 to 100 ms in tens
-
-constexpr int Spacing = 6;
-constexpr int GroupSpacing = 12;
-constexpr int PanelMargin = 3;
 
 OptionButton *BuildOption(const char *name, int index, const char *caption, QButtonGroup *group)
 {
@@ -49,7 +46,6 @@ OptionsPanel::OptionsPanel(Settings &settings, UnitLink &link, EntryWindow &entr
     right->addStretch();
 
     auto *layout = new QGridLayout(this);
-    layout->setContentsMargins(PanelMargin, PanelMargin, PanelMargin, PanelMargin);
     layout->setHorizontalSpacing(GroupSpacing);
     layout->setVerticalSpacing(GroupSpacing);
     layout->addLayout(left, 0, 0);
@@ -62,7 +58,7 @@ OptionsPanel::OptionsPanel(Settings &settings, UnitLink &link, EntryWindow &entr
 
 QGroupBox *OptionsPanel::BuildPowerOnFormat()
 {
-    auto *group = new QGroupBox(tr("Power On Format"));
+    auto *group = new QGroupBox("Power On Format");
     auto *layout = new QVBoxLayout(group);
     layout->setSpacing(Spacing);
     optDefaultFormat_ = new QButtonGroup(group);
@@ -75,7 +71,7 @@ QGroupBox *OptionsPanel::BuildPowerOnFormat()
 
 QGroupBox *OptionsPanel::BuildF1Key()
 {
-    auto *group = new QGroupBox(tr("F1 (MONO) Format Key Assignment"));
+    auto *group = new QGroupBox("F1 (MONO) Format Key Assignment");
     auto *layout = new QVBoxLayout(group);
     layout->setSpacing(Spacing);
     optF1Key_ = new QButtonGroup(group);
@@ -87,16 +83,16 @@ QGroupBox *OptionsPanel::BuildF1Key()
 
 QGroupBox *OptionsPanel::BuildNonsync()
 {
-    auto *group = new QGroupBox(tr("Non-Sync"));
+    auto *group = new QGroupBox("Non-Sync");
     auto *layout = new QFormLayout(group);
-    cboNonsyncMode_ = BuildList("cboNonsyncMode", tr("Non-sync outputs"));
+    cboNonsyncMode_ = BuildList("cboNonsyncMode", "Non-sync outputs");
     for (const char *mode : NonsyncModes)
-        cboNonsyncMode_->addItem(tr(mode));
-    cboNonsyncTrim_ = BuildList("cboNonsyncTrim", tr("Non-sync trim"));
+        cboNonsyncMode_->addItem(mode);
+    cboNonsyncTrim_ = BuildList("cboNonsyncTrim", "Non-sync trim");
     for (int trim = 0; trim <= HighestNonsyncTrim; ++trim)
-        cboNonsyncTrim_->addItem(tr("%1 dB").arg(-trim));
-    layout->addRow(tr("Outputs:"), cboNonsyncMode_);
-    layout->addRow(tr("Trim:"), cboNonsyncTrim_);
+        cboNonsyncTrim_->addItem(QString("%1 dB").arg(-trim));
+    layout->addRow("Outputs:", cboNonsyncMode_);
+    layout->addRow("Trim:", cboNonsyncTrim_);
     connect(cboNonsyncMode_, &QComboBox::activated, this, &OptionsPanel::cboNonsyncMode_Click);
     connect(cboNonsyncTrim_, &QComboBox::activated, this, &OptionsPanel::cboNonsyncTrim_Click);
     return group;
@@ -104,14 +100,14 @@ QGroupBox *OptionsPanel::BuildNonsync()
 
 QGroupBox *OptionsPanel::BuildDelays()
 {
-    auto *group = new QGroupBox(tr("Delays"));
+    auto *group = new QGroupBox("Delays");
     auto *layout = new QFormLayout(group);
-    cboReaderDelay_ = BuildList("cboReaderDelay", tr("Optical reader delay"));
-    cboSurroundDelay_ = BuildList("cboSurroundDelay", tr("Surround delay"));
+    cboReaderDelay_ = BuildList("cboReaderDelay", "Optical reader delay");
+    cboSurroundDelay_ = BuildList("cboSurroundDelay", "Surround delay");
     for (int index = 0; index < SurroundDelayCount; ++index)
-        cboSurroundDelay_->addItem(tr("%1 mS").arg(10 * index));
-    layout->addRow(tr("Reader:"), cboReaderDelay_);
-    layout->addRow(tr("Surround:"), cboSurroundDelay_);
+        cboSurroundDelay_->addItem(QString("%1 mS").arg(10 * index));
+    layout->addRow("Reader:", cboReaderDelay_);
+    layout->addRow("Surround:", cboSurroundDelay_);
     connect(cboReaderDelay_, &QComboBox::activated, this, &OptionsPanel::cboReaderDelay_Click);
     connect(cboSurroundDelay_, &QComboBox::activated, this, &OptionsPanel::cboSurroundDelay_Click);
     return group;
@@ -119,9 +115,9 @@ QGroupBox *OptionsPanel::BuildDelays()
 
 QGroupBox *OptionsPanel::BuildMatrix()
 {
-    auto *group = new QGroupBox(tr("Matrix"));
+    auto *group = new QGroupBox("Matrix");
     auto *layout = new QVBoxLayout(group);
-    chkDisableMatrix_ = Named(new CheckBox(tr(MatrixDisabled)), "chkDisableMatrix");
+    chkDisableMatrix_ = Named(new CheckBox(MatrixDisabled), "chkDisableMatrix");
     layout->addWidget(chkDisableMatrix_);
     connect(chkDisableMatrix_, &QCheckBox::clicked, this, &OptionsPanel::chkDisableMatrix_Click);
     return group;
@@ -156,7 +152,7 @@ void OptionsPanel::Show()
 QString OptionsPanel::F1CaptionOfUnit() const
 {
     const Byte mode = settings_.System.F1KeyMode;
-    return tr(mode < F1Captions.size() ? F1Captions[mode].afterConnection : F1Unknown);
+    return mode < F1Captions.size() ? F1Captions[mode].afterConnection : F1Unknown;
 }
 
 void OptionsPanel::optDefaultFormat_Click(int index)
@@ -169,7 +165,7 @@ void OptionsPanel::optF1Key_Click(int index)
 {
     settings_.System.F1KeyMode = Byte(index);
     SendOption();
-    showF1Caption_(tr(F1Captions[std::size_t(index)].afterChoice));
+    showF1Caption_(F1Captions[std::size_t(index)].afterChoice);
 }
 
 void OptionsPanel::cboNonsyncMode_Click(int index)
