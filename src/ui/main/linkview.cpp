@@ -181,8 +181,7 @@ void FrmMain::StreamLock(bool locked)
 
 void FrmMain::StopRunningStream()
 {
-    if (optical_->Streaming())
-        optical_->cmdStart_Click();
+    optical_->StopRunningStream();
 }
 
 void FrmMain::ShowTitle(const QString &name)

@@ -66,7 +66,7 @@ void FrmMain::SwitchOffTab(int tab)
         obe_->LeaveTab();
         break;
     case Tab::OpticalSetup:
-        optical_->LeaveTab();
+        optical_->StopRunningStream();
         break;
     case Tab::FormatSelection:
     case Tab::TheaterInformation:

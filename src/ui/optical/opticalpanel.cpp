@@ -307,7 +307,7 @@ void OpticalPanel::ShowTestSignalsOff()
     cmdRT60_->Show(CaptionOff, Face::Normal);
 }
 
-void OpticalPanel::LeaveTab()
+void OpticalPanel::StopRunningStream()
 {
     if (streaming_)
         cmdStart_Click();

@@ -44,8 +44,8 @@ class OpticalPanel : public QWidget {
     void StreamLock(bool locked);
     /// `cmdRT60` reads "Off"; nothing is sent.
     void ShowTestSignalsOff();
-    /// Leaving the tab stops a running stream.
-    void LeaveTab();
+    /// Through the Stop button's handler; nothing happens while none runs.
+    void StopRunningStream();
 
   private:
     enum class Measurement { Gain, SlitLoss, Azimuth };

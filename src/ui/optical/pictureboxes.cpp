@@ -139,11 +139,6 @@ void PictureBox::Changed(const QRect &part)
         frame_.start();
 }
 
-OptGraph::OptGraph()
-{
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-}
-
 void OptGraph::Draw(GraphPicture picture)
 {
     if (picture.fontName)

@@ -37,15 +37,10 @@ class OptGraph : public PictureBox {
     Q_PROPERTY(QString fontName READ FontName)
 
   public:
-    OptGraph();
-
     QString FontName() const { return QLatin1String(fontName_); }
     void SetFontName(const char *name) { fontName_ = name; }
     void Draw(GraphPicture picture);
     void Clear() { Draw({}); }
-
-    QSize minimumSizeHint() const override { return {GraphWidth, GraphHeight}; }
-    QSize sizeHint() const override { return minimumSizeHint(); }
 
   protected:
     void paintEvent(QPaintEvent *event) override;
@@ -64,8 +59,6 @@ class OptAzi : public PictureBox {
   public:
     void Draw(const std::vector<AzimuthBox> &boxes);
     void Clear();
-
-    QSize sizeHint() const override { return {AzimuthSide, AzimuthSide}; }
 
   protected:
     void paintEvent(QPaintEvent *event) override;
