@@ -86,7 +86,7 @@ class OpticalPanel : public QWidget {
     AzimuthHistory history_;
     std::optional<bool> shownLock_;
     bool streaming_ = false;
-    bool inTick_ = false;
+    bool inTick_ = false;                               ///< the link does not count a reading among its calls
     std::chrono::steady_clock::time_point nextReading_; ///< when the reading after the newest is due
 
     GraphArea *graphs_;

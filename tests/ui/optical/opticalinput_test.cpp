@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <functional>
 #include <random>
 
 using namespace kelvo;
@@ -24,6 +25,8 @@ struct ScriptedUnit : SimulatedUnit {
     Word side = 0;
     std::array<Byte, AzimuthBytes> azimuth{};
     Status answer = Success;
+    int reads = 0;
+    std::function<void()> duringRead = [] {}; ///< what else happens while the unit answers
 
     Status GetOptGain(std::span<Byte, GainBytes> reading) override { return Give(gain, reading); }
     Status GetSingleSlitloss(std::span<Byte, SlitLossBytes> sample, Word &ofSide) override
@@ -35,8 +38,10 @@ struct ScriptedUnit : SimulatedUnit {
 
   private:
     template <class Reading, class Target>
-    Status Give(const Reading &reading, Target target) const
+    Status Give(const Reading &reading, Target target)
     {
+        ++reads;
+        duringRead();
         std::copy(reading.begin(), reading.end(), target.begin());
         return answer;
     }
@@ -213,6 +218,30 @@ class OpticalInputTest : public QObject {
         console.Read();
         QCOMPARE(console.Lock(), "No Stream");
         QCOMPARE(console.GraphAt(99, 200), Blue); // the last good picture stays
+    }
+
+    void aTickInsideAReadReadsNothing_data()
+    {
+        QTest::addColumn<int>("measurement");
+        QTest::newRow("gain") << 0;
+        QTest::newRow("slit loss") << 1;
+        QTest::newRow("azimuth") << 2;
+    }
+    void aTickInsideAReadReadsNothing()
+    {
+        QFETCH(int, measurement);
+        ScriptedConsole console;
+        console.Start(measurement);
+        console.unit.reads = 0;
+        int inside = 0;
+        console.unit.duringRead = [&] {
+            if (++inside == 1)
+                console.Read();
+        };
+        console.Read();
+        QCOMPARE(console.unit.reads, 1);
+        console.Read();
+        QCOMPARE(console.unit.reads, 2);
     }
 
     void anAzimuthReadingStandsRightAndUpFromTheCentre()
