@@ -44,7 +44,7 @@ EqualiserPanel::EqualiserPanel(Settings &settings, UnitLink &link, EntryWindow &
       fader_(fader),
       masterFader_(masterFader)
 {
-    const LevelPair::Actions apply{[this](int) { ApplyChannelChange(); }, [this] { MarkAndUpload(); }};
+    const LevelPair::Actions apply{[this](int) { StoreChange(); }, [this] { Upload(); }};
     frmBandA_ = new BandFrame({"frmBandA", "lblBand", "sclA"}, ThirdOctaves, entries, apply);
     frmBandB_ = new BandFrame({"frmBandB", "lblLSRSv", "sclB"}, Octaves, entries, apply);
     frmBass_ = new SubBassFrame(entries, apply,
@@ -163,7 +163,7 @@ void EqualiserPanel::cmdEQChan_Click(int channel)
     // Filled before it is shown: showing may hand the focus on, and the position it is taken at counts.
     LoadChannelData();
     ShowChannelPanel();
-    if (pinkNoise_)
+    if (cmdPink_->IsOn())
         SetEQPinkNoise(true);
 }
 
@@ -237,7 +237,7 @@ void EqualiserPanel::LoadChannelData()
 
 // Changes
 
-void EqualiserPanel::ApplyChannelChange()
+void EqualiserPanel::StoreChange()
 {
     if (settings_.Updating)
         return;
@@ -246,19 +246,21 @@ void EqualiserPanel::ApplyChannelChange()
     link_.ShowSent();
 }
 
-void EqualiserPanel::MarkAndUpload()
+void EqualiserPanel::Upload()
 {
-    if (settings_.Updating)
-        return;
-    settings_.SettingsChanged = true;
     link_.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::AfterEdit);
+}
+
+void EqualiserPanel::ApplyChannelChange()
+{
+    StoreChange();
+    Upload();
 }
 
 void EqualiserPanel::optSub_Click(SubwooferByte byte, int index)
 {
-    SaveChannelData();
     Slice().Band[byte] = Byte(index);
-    MarkAndUpload();
+    ApplyChannelChange();
 }
 
 void EqualiserPanel::cmdCopy_Click()
@@ -283,7 +285,7 @@ void EqualiserPanel::cmdPaste_Click()
              {ChannelTitle[std::size_t(copiedChannel_)], ChannelTitle[std::size_t(currentChannel_)]}))
         return;
     PasteChannelData(copiedChannel_);
-    MarkAndUpload();
+    ApplyChannelChange();
 }
 
 /// The target takes what its sliders show, so a source byte beyond their range arrives as the nearest end.
@@ -309,21 +311,21 @@ void EqualiserPanel::cmdClear_Click()
         return;
     ResetChannelData(settings_, currentChannel_);
     LoadChannelData();
-    MarkAndUpload();
+    ApplyChannelChange();
 }
 
 // Test signals and shortcuts
 
 void EqualiserPanel::cmdPink_Click()
 {
-    pinkNoise_ = !pinkNoise_;
-    ReflectPinkNoise();
-    SetEQPinkNoise(pinkNoise_);
+    const bool on = !cmdPink_->IsOn();
+    ReflectPinkNoise(on);
+    SetEQPinkNoise(on);
 }
 
-void EqualiserPanel::ReflectPinkNoise()
+void EqualiserPanel::ReflectPinkNoise(bool on)
 {
-    cmdPink_->Show(pinkNoise_ ? NoiseOn : NoiseOff, pinkNoise_ ? Face::On : Face::Normal);
+    cmdPink_->Show(on ? NoiseOn : NoiseOff, on ? Face::On : Face::Normal);
 }
 
 void EqualiserPanel::SetEQPinkNoise(bool on)
@@ -333,14 +335,13 @@ void EqualiserPanel::SetEQPinkNoise(bool on)
 
 void EqualiserPanel::ShowTestSignalsOff()
 {
-    pinkNoise_ = false;
-    ReflectPinkNoise();
+    ReflectPinkNoise(false);
 }
 
 void EqualiserPanel::LeaveTab()
 {
     // The button may show off while the noise plays: New resets the console and sends nothing.
-    const bool plays = pinkNoise_ || link_.Holds().Pink[std::size_t(currentChannel_)];
+    const bool plays = cmdPink_->IsOn() || link_.Holds().Pink[std::size_t(currentChannel_)];
     ShowTestSignalsOff();
     if (plays)
         SetEQPinkNoise(false);

@@ -57,9 +57,12 @@ class EqualiserPanel : public QWidget {
 
     void ShowChannelPanel();
     void ReflectChannelButtons();
-    void ReflectPinkNoise();
+    void ReflectPinkNoise(bool on);
+    /// What the sliders show goes into the record, as an edit.
+    void StoreChange();
+    void Upload();
+    /// Both: for the commands, which have no moment at which an edit is only stored.
     void ApplyChannelChange();
-    void MarkAndUpload();
     void PasteChannelData(int source);
     void SetEQPinkNoise(bool on);
     ChannelSlice &Slice() { return settings_.Audio.ChannelEq[std::size_t(currentChannel_)]; }
@@ -85,7 +88,6 @@ class EqualiserPanel : public QWidget {
 
     int currentChannel_ = Left;
     int copiedChannel_ = NothingCopied;
-    bool pinkNoise_ = false;
 };
 
 } // namespace kelvo

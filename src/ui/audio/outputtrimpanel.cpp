@@ -154,7 +154,7 @@ void OutputTrimPanel::cmdReset_Click()
 
 void OutputTrimPanel::cmdPN_Click(int channel)
 {
-    const bool on = !Column(channel).noise;
+    const bool on = !Column(channel).cmdPN->IsOn();
     // A noise on a muted unit would stay unheard and puzzle whoever listens for it.
     if (on && settings_.MuteState != False)
         mute_.cmdMute_Click();
@@ -164,20 +164,18 @@ void OutputTrimPanel::cmdPN_Click(int channel)
 
 void OutputTrimPanel::cmdPhase_Click(int channel)
 {
-    const bool inverted = !Column(channel).inverted;
+    const bool inverted = !Column(channel).cmdPhase->IsOn();
     ReflectPhase(channel, inverted);
     link_.RetryFunction(UnitOp::SetPhase, Word(channel), inverted ? True : False);
 }
 
 void OutputTrimPanel::ReflectNoise(int channel, bool on)
 {
-    Column(channel).noise = on;
     Column(channel).cmdPN->Show(on ? "On" : "Off", on ? Face::On : Face::Normal);
 }
 
 void OutputTrimPanel::ReflectPhase(int channel, bool inverted)
 {
-    Column(channel).inverted = inverted;
     Column(channel).cmdPhase->Show(inverted ? "Inverted" : "In Phase", inverted ? Face::On : Face::Normal);
 }
 
@@ -198,13 +196,14 @@ void OutputTrimPanel::ShowTestSignalsOff()
 void OutputTrimPanel::LeaveTab()
 {
     for (int channel = 0; channel < ChannelCount; ++channel) {
-        const bool plays = Column(channel).noise || link_.Holds().Pink[std::size_t(channel)];
+        const bool plays = Column(channel).cmdPN->IsOn() || link_.Holds().Pink[std::size_t(channel)];
         ReflectNoise(channel, false);
         if (plays)
             link_.RetryFunction(UnitOp::SetPink, Word(channel), False);
     }
     for (int channel = 0; channel < ChannelCount; ++channel) {
-        const bool inverted = Column(channel).inverted || link_.Holds().Inverted[std::size_t(channel)];
+        const bool inverted =
+            Column(channel).cmdPhase->IsOn() || link_.Holds().Inverted[std::size_t(channel)];
         ReflectPhase(channel, false);
         if (inverted)
             link_.RetryFunction(UnitOp::SetPhase, Word(channel), False);

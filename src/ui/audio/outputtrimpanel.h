@@ -36,8 +36,6 @@ class OutputTrimPanel : public QWidget {
         LevelPair *trim;
         StateButton *cmdPN;
         StateButton *cmdPhase;
-        bool noise = false;
-        bool inverted = false;
     };
 
     QWidget *BuildChannels();

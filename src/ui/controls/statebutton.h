@@ -25,6 +25,8 @@ class StateButton : public QPushButton {
     void Show(const QString &caption, Face face);
     void SetFace(Face face);
     Face ShownFace() const { return face_; }
+    /// A toggle is what its button shows.
+    bool IsOn() const { return face_ == Face::On; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
