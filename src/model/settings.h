@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/flagguard.h"
 #include "model/records.h"
 
 #include <array>
@@ -60,20 +61,10 @@ struct Settings {
     Word OperatorFormat() const { return FormatBeforeStream.value_or(CurrentFormat); }
 };
 
-/// Raises `Updating` for a scope and puts back what it found, so that raises nest.
-class UpdatingGuard {
+/// Raises `Updating` for a scope.
+class UpdatingGuard : public FlagGuard {
   public:
-    explicit UpdatingGuard(Settings &settings) : settings_(settings), before_(settings.Updating)
-    {
-        settings_.Updating = true;
-    }
-    ~UpdatingGuard() { settings_.Updating = before_; }
-    UpdatingGuard(const UpdatingGuard &) = delete;
-    UpdatingGuard &operator=(const UpdatingGuard &) = delete;
-
-  private:
-    Settings &settings_;
-    bool before_;
+    explicit UpdatingGuard(Settings &settings) : FlagGuard(settings.Updating) {}
 };
 
 /// Flat equaliser, shelves at 0 dB and, for the subwoofer, the first width and frequency.

@@ -4,21 +4,21 @@ namespace kelvo::messages {
 
 namespace {
 
-constexpr Text ErrorsHeader = "The following Errors were encountered:\n\n";
-constexpr Text ErrorsFooter = "\n\nCannot Continue On Line!\n";
+constexpr auto ErrorsHeader = "The following Errors were encountered:\n\n";
+constexpr auto ErrorsFooter = "\n\nCannot Continue On Line!\n";
 
-constexpr Text AllSent = "All sent";
-constexpr Text OneUnsent = "1 change not in the unit - F2";
-constexpr Text ManyUnsent = " changes not in the unit - F2";
+constexpr auto AllSent = "All sent";
+constexpr auto OneUnsent = "1 change not in the unit - F2";
+constexpr auto ManyUnsent = " changes not in the unit - F2";
 
-constexpr Text LibraryHeader = "The device library could not be loaded. The console works off line.";
-constexpr Text LibraryFile = "\n\nFile: ";
-constexpr Text LibraryReason = "\nReason: ";
-constexpr Text LibraryPlaces = "\n\nLooked for, in this order:";
+constexpr auto LibraryHeader = "The device library could not be loaded. The console works off line.";
+constexpr auto LibraryFile = "\n\nFile: ";
+constexpr auto LibraryReason = "\nReason: ";
+constexpr auto LibraryPlaces = "\n\nLooked for, in this order:";
 
-constexpr Text NeedMissing = "a library that it needs was not found";
-constexpr Text NoLibrary = "it is not a library";
-constexpr Text OperationsLacking = "it lacks these operations: ";
+constexpr auto NeedMissing = "a library that it needs was not found";
+constexpr auto NoLibrary = "it is not a library";
+constexpr auto OperationsLacking = "it lacks these operations: ";
 
 std::string Joined(const std::vector<std::string> &names)
 {

@@ -10,26 +10,24 @@
 
 namespace kelvo::messages {
 
-using Text = const char *;
+inline constexpr auto ConnectionErrorTitle = "Connection Error";
+inline constexpr auto UnableToConnect = "Unable to connect to unit!";
 
-inline constexpr Text ConnectionErrorTitle = "Connection Error";
-inline constexpr Text UnableToConnect = "Unable to connect to unit!";
+inline constexpr auto OutOfDateTitle = "Cinema Processor Error";
+inline constexpr auto OutOfDate = "Error cinema processor bios is out of date, contact Kelvo for an update.";
 
-inline constexpr Text OutOfDateTitle = "Cinema Processor Error";
-inline constexpr Text OutOfDate = "Error cinema processor bios is out of date, contact Kelvo for an update.";
+inline constexpr auto ConfirmUploadTitle = "Confirm Upload!";
+inline constexpr auto ConfirmUpload = "Are you sure you want to Upload the Current Settings?";
 
-inline constexpr Text ConfirmUploadTitle = "Confirm Upload!";
-inline constexpr Text ConfirmUpload = "Are you sure you want to Upload the Current Settings?";
+inline constexpr auto Connecting = "Connecting to Cinema Processor.";
+inline constexpr auto ReadingVersion = "Determining Software Version.";
 
-inline constexpr Text Connecting = "Connecting to Cinema Processor.";
-inline constexpr Text ReadingVersion = "Determining Software Version.";
-
-inline constexpr Text CpuVersionCaption = "CPU Version: ";
-inline constexpr Text DspControllerCaption = "DSP Controller: ";
-inline constexpr Text DspFirmwareCaption = "DSP Firmware: ";
+inline constexpr auto CpuVersionCaption = "CPU Version: ";
+inline constexpr auto DspControllerCaption = "DSP Controller: ";
+inline constexpr auto DspFirmwareCaption = "DSP Firmware: ";
 
 /// Index = status bit.
-inline constexpr std::array<Text, 11> ErrorLine{
+inline constexpr std::array<const char *, 11> ErrorLine{
     "- Serial Port Error",
     "- Error Transmitting",
     "- Error Receiving",
@@ -49,7 +47,7 @@ std::string ErrorReport(Status status);
 /// The line beside the lamp: "All sent", "3 changes not in the unit - F2", blank before a unit was read.
 std::string SentText(std::optional<int> differences);
 
-inline constexpr Text SystemSearchPath = "the system's search path";
+inline constexpr auto SystemSearchPath = "the system's search path";
 
 /// Why there is no device library: the file, the reason, and every place that was looked at, in order.
 std::string LibraryProblem(const std::string &file, const std::string &reason,

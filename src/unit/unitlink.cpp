@@ -57,11 +57,8 @@ Status UnitLink::RetryFunction(UnitOp op, Word first, Word second)
     Status result = Success;
     const bool reachable = unitOnline_ || op == UnitOp::InitDLL;
     if (reachable && !yielding_) {
-        if (!pollActive_)
-            unitBusy_ = true;
+        const FlagGuard calling(pollActive_ ? pollActive_ : unitBusy_);
         result = CallUpToSixTimes(op, first, second);
-        if (!pollActive_)
-            unitBusy_ = false;
     }
     view_.ShowSent();
     return result;
@@ -204,24 +201,20 @@ void UnitLink::SetConnectStatus(LinkState state)
 
 void UnitLink::ShowAttempt(int failures)
 {
-    yielding_ = true;
+    const FlagGuard yielding(yielding_);
     view_.ShowAttempt(failures);
-    yielding_ = false;
 }
 
 void UnitLink::Report(std::string_view title, std::string_view text)
 {
-    yielding_ = true;
+    const FlagGuard yielding(yielding_);
     view_.ShowError(title, text);
-    yielding_ = false;
 }
 
 bool UnitLink::Ask(std::string_view title, std::string_view text)
 {
-    yielding_ = true;
-    const bool yes = view_.Ask(title, text);
-    yielding_ = false;
-    return yes;
+    const FlagGuard yielding(yielding_);
+    return view_.Ask(title, text);
 }
 
 // The connection
@@ -230,10 +223,8 @@ bool UnitLink::ConnectToUnit()
 {
     if (unitOnline_ || InCall())
         return false;
-    connecting_ = true;
-    const bool connected = OpenConnection();
-    connecting_ = false;
-    return connected;
+    const FlagGuard connecting(connecting_);
+    return OpenConnection();
 }
 
 bool UnitLink::OpenConnection()
@@ -371,11 +362,10 @@ void UnitLink::PollTick()
 {
     if (InCall() || !unitOnline_)
         return;
-    pollActive_ = true;
+    const FlagGuard polling(pollActive_);
     RetryFunction(UnitOp::GetFormat);
     RetryFunction(UnitOp::GetMute);
     RetryFunction(UnitOp::GetVol);
-    pollActive_ = false;
 }
 
 void UnitLink::RefreshTick(bool mayRead)
