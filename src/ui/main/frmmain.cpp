@@ -99,8 +99,10 @@ FrmMain::FrmMain(Settings &settings, DeviceLibrary &library, WallClock &clock, P
 
 FrmMain::~FrmMain()
 {
-    // Children that are destroyed later must not find a window that is half gone.
+    // Children are destroyed after the members: they must neither tell a window that is half gone nor, in
+    // going, take a text that stands in them.
     qApp->removeEventFilter(this);
+    DropEntries();
 }
 
 void FrmMain::BuildPanels()

@@ -102,6 +102,8 @@ class FrmMain final : public QMainWindow, private LinkView {
     /// Takes what is typed in the window or the fader dialog. False after a bad value: its message has been
     /// shown and the command that asked is called off.
     bool CommitEntries();
+    /// Puts back every text that was not taken, where nobody can be asked about it any more.
+    void DropEntries();
 
     // Menus.
     QAction *Item(QMenu *menu, const char *name, const char *caption, std::function<void()> handler);

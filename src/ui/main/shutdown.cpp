@@ -62,11 +62,8 @@ bool FrmMain::Form_Unload()
 {
     if (mayAsk_ && !(CommitEntries() && SaveQuestionAnswered()))
         return false;
-    if (!mayAsk_) {
-        // Nobody can be asked about a text that was not taken yet.
-        for (LevelField *field : findChildren<LevelField *>())
-            field->Drop();
-    }
+    if (!mayAsk_)
+        DropEntries();
     if (mayAsk_ && snapshotTaken_ && link_.UnitOnline() && kelvo::Ask(this, messages::Revert))
         RevertToSnapshot();
     if (places_.ownsFiles) {
@@ -82,6 +79,12 @@ bool FrmMain::Form_Unload()
             window->hide();
     }
     return true;
+}
+
+void FrmMain::DropEntries()
+{
+    for (LevelField *field : findChildren<LevelField *>())
+        field->Drop();
 }
 
 bool FrmMain::SaveQuestionAnswered()

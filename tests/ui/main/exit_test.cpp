@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 
 using namespace kelvo;
@@ -40,6 +41,8 @@ class ExitTest : public QObject {
     void theEndOfASessionThatMayNotAskJustCloses();
     void everyWindowGoes();
     void theProgramEndsWithItsWindow();
+    void aWindowThatIsTakenAwayMayHoldWhatWasNotTaken_data();
+    void aWindowThatIsTakenAwayMayHoldWhatWasNotTaken();
 };
 
 namespace {
@@ -69,8 +72,8 @@ void ExitTest::aQuietExitAsksToRevertAndEndsTheConnection()
     QVERIFY(!QFile::exists(console.File("temp.qm4")));
     QVERIFY(QFile::exists(console.File("settings.dat")));
     console.Forget();
-    console.Tick("tmrPoll");
-    console.Tick("tmrRefresh");
+    console.TickIfActive("tmrPoll");
+    console.TickIfActive("tmrRefresh");
     QCOMPARE(console.Calls(), Calls());
 }
 
@@ -336,6 +339,44 @@ void ExitTest::theProgramEndsWithItsWindow()
     QTimer::singleShot(0, console.window.get(), [&console] { console.window->close(); });
     QTimer::singleShot(5000, &console, [] { QApplication::exit(1); });
     QCOMPARE(QApplication::exec(), 0);
+}
+
+void ExitTest::aWindowThatIsTakenAwayMayHoldWhatWasNotTaken_data()
+{
+    QTest::addColumn<bool>("dialogOpen");
+    QTest::addColumn<QString>("typedIn");
+    QTest::addColumn<QString>("heldSlider");
+    QTest::newRow("a text in the fader dialog") << true << "frmFader"
+                                                << "";
+    QTest::newRow("a text in the window") << false << "lblVol(3)"
+                                          << "";
+    QTest::newRow("a trim in the window") << false << "lblPNG(0)"
+                                          << "";
+    QTest::newRow("a held slider") << false << ""
+                                   << "sclPNG(0)";
+}
+
+void ExitTest::aWindowThatIsTakenAwayMayHoldWhatWasNotTaken()
+{
+    QFETCH(bool, dialogOpen);
+    QFETCH(QString, typedIn);
+    QFETCH(QString, heldSlider);
+    ConsoleUnderTest console(OnLine, Tab::OutputTrim);
+    if (dialogOpen) {
+        console.Click("cmdAdjust(0)");
+        auto *field = console.Find<QWidget>("frmFader")->findChild<QLineEdit *>("lblVol");
+        field->setFocus();
+        field->selectAll();
+        QTest::keyClicks(field, "3.3");
+    } else if (!typedIn.isEmpty()) {
+        console.TypeOnly(qPrintable(typedIn), "3.3");
+    } else {
+        console.Find<QSlider>(qPrintable(heldSlider))->setFocus();
+        console.Press(Qt::Key_Up);
+    }
+    console.Forget();
+    console.window.reset();
+    QCOMPARE(console.Calls(), Calls());
 }
 
 QTEST_MAIN(ExitTest)
