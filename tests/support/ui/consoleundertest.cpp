@@ -163,6 +163,13 @@ QAction *ConsoleUnderTest::Action(const char *name) const
 
 void ConsoleUnderTest::Tick(const char *timer)
 {
+    if (!Find<QTimer>(timer)->isActive())
+        QTest::qFail(qPrintable(QString("%1 stands still").arg(timer)), __FILE__, __LINE__);
+    TickIfActive(timer);
+}
+
+void ConsoleUnderTest::TickIfActive(const char *timer)
+{
     auto *ticking = Find<QTimer>(timer);
     if (ticking->isActive())
         QMetaObject::invokeMethod(ticking, "timeout", Qt::DirectConnection, QGenericArgument());

@@ -631,6 +631,9 @@ void EqualiserPanelTest::readBackWaitsForTheHand()
     QCOMPARE(console.Slider("sclA", 0)->value(), 2);
     Drop(console.Slider("sclA", 0));
     QCOMPARE(console.Calls(), Calls{"SetAudio"});
+    console.Forget();
+    console.Tick("tmrRefresh");
+    QCOMPARE(console.Calls(), (Calls{"GetAudio", "GetSystem", "GetMute", "GetVol", "GetFormat"}));
     console.TypeOnly("lblBand(1)", "3.");
     console.Tick("tmrRefresh");
     QCOMPARE(console.Text("lblBand(1)"), "3.");

@@ -256,7 +256,7 @@ class Walk {
                                       Qt::Key_Q, Qt::Key_R, Qt::Key_E}),
                      Qt::ControlModifier);
     }
-    void TickPoll() { console_.Tick("tmrPoll"); }
+    void TickPoll() { console_.TickIfActive("tmrPoll"); }
     void TouchPanel()
     {
         console_.unit.panel.level = Word(Number(110) - 5);

@@ -137,7 +137,7 @@ void ConnectTest::nothingElseStartsWhileAnAttemptRuns()
         console.Trigger("mnuNew");
         console.Trigger("mnuBaud3");
         console.Trigger("mnuAuto");
-        console.Tick("tmrPoll");
+        console.TickIfActive("tmrPoll");
         console.Tick("tmrRefresh");
         console.GoTo(Tab::Obe);
     });
