@@ -63,8 +63,9 @@ void FrmMain::RepaintWindow()
 void FrmMain::EnableFrames(bool enable)
 {
     for (const char *name : ConnectedControls) {
-        if (auto *control = findChild<QWidget *>(QLatin1String(name)))
-            control->setEnabled(enable);
+        auto *control = findChild<QWidget *>(QLatin1String(name));
+        Q_ASSERT(control);
+        control->setEnabled(enable);
     }
     frmtabs_[std::size_t(shownTab_)]->setEnabled(enable);
 }

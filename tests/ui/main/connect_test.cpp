@@ -21,6 +21,7 @@ class ConnectTest : public QObject {
     void aCloseDuringAnAttemptIsCarriedOutAfterIt();
     void aCloseDuringAReportIsCarriedOutAfterIt();
     void theUnitInformationIsHiddenDuringAnAttemptAndAfterAFailedOne();
+    void framesAndButtonsFollowTheConnection();
     void theLampIsOrangeBeforeTheThirdTry();
     void aRecoveredCallTurnsTheLampGreenAgain();
     void aPulledCableIsOneMessage();
@@ -191,6 +192,29 @@ void ConnectTest::theUnitInformationIsHiddenDuringAnAttemptAndAfterAFailedOne()
     console.AnswerNextBox("Connection Error", QMessageBox::Ok, "Unable to connect to unit!");
     console.Click("cmdConnect");
     QVERIFY(!information->isVisible());
+}
+
+void ConnectTest::framesAndButtonsFollowTheConnection()
+{
+    ConsoleUnderTest console;
+    const auto wrong = [&console](bool enabled) {
+        QStringList names;
+        for (const char *name : {"cmdUp(0)", "cmdUp(1)", "cmdUp(2)", "cmdUp(3)", "cmdUp(4)", "Frame1(1)",
+                                 "Frame1(3)", "Frame1(5)", "Frame8(0)", "Frame8(1)", "cmdMute4"}) {
+            // By itself, whatever the tab around it is.
+            const auto *control = console.Find<QWidget>(name);
+            if (control->isEnabledTo(control->parentWidget()) != enabled)
+                names += name;
+        }
+        return names;
+    };
+    QCOMPARE(wrong(true), QStringList());
+    Unplug(console);
+    console.Tick("tmrPoll");
+    QCOMPARE(wrong(false), QStringList());
+    console.unit.panel.plugged = true;
+    console.Click("cmdConnect");
+    QCOMPARE(wrong(true), QStringList());
 }
 
 void ConnectTest::theLampIsOrangeBeforeTheThirdTry()
