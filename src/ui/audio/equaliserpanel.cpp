@@ -22,9 +22,6 @@ constexpr std::array<const char *, ChannelCount> ChannelCaption{
     "Left", "Left Surround", "Center", "Right Surround", "Right", "Subwoofer"};
 constexpr std::array<char, ChannelCount> ChannelKey{'l', 'p', 'c', 'q', 'r', 'e'};
 
-constexpr const char *NoiseOn = "Pink Noise On";
-constexpr const char *NoiseOff = "Pink Noise Off";
-
 /// Takes a slider's position into its byte. A byte beyond the slider's range is kept while the slider stands
 /// at the end that is nearest to it.
 void Store(Byte &byte, const LevelPair &pair)
@@ -111,7 +108,7 @@ QWidget *EqualiserPanel::BuildCommands()
     auto *cmdCopy = Named(new QPushButton("Copy"), "cmdCopy");
     auto *cmdPaste = Named(new QPushButton("Paste"), "cmdPaste");
     auto *cmdClear = Named(new QPushButton("Reset"), "cmdClear");
-    cmdPink_ = Named(new StateButton(NoiseOff), "cmdPink");
+    cmdPink_ = Named(new ToggleButton("Pink Noise On", "Pink Noise Off"), "cmdPink");
     connect(cmdCopy, &QPushButton::clicked, this, [this] { cmdCopy_Click(); });
     connect(cmdPaste, &QPushButton::clicked, this, [this] { cmdPaste_Click(); });
     connect(cmdClear, &QPushButton::clicked, this, [this] { cmdClear_Click(); });
@@ -318,14 +315,8 @@ void EqualiserPanel::cmdClear_Click()
 
 void EqualiserPanel::cmdPink_Click()
 {
-    const bool on = !cmdPink_->IsOn();
-    ReflectPinkNoise(on);
-    SetEQPinkNoise(on);
-}
-
-void EqualiserPanel::ReflectPinkNoise(bool on)
-{
-    cmdPink_->Show(on ? NoiseOn : NoiseOff, on ? Face::On : Face::Normal);
+    cmdPink_->SetOn(!cmdPink_->IsOn());
+    SetEQPinkNoise(cmdPink_->IsOn());
 }
 
 void EqualiserPanel::SetEQPinkNoise(bool on)
@@ -335,15 +326,12 @@ void EqualiserPanel::SetEQPinkNoise(bool on)
 
 void EqualiserPanel::ShowTestSignalsOff()
 {
-    ReflectPinkNoise(false);
+    cmdPink_->SetOn(false);
 }
 
 void EqualiserPanel::LeaveTab()
 {
-    // The button may show off while the noise plays: New resets the console and sends nothing.
-    const bool plays = cmdPink_->IsOn() || link_.Holds().Pink[std::size_t(currentChannel_)];
-    ShowTestSignalsOff();
-    if (plays)
+    if (cmdPink_->SwitchOff(link_.Holds().Pink[std::size_t(currentChannel_)]))
         SetEQPinkNoise(false);
 }
 

@@ -57,7 +57,6 @@ class EqualiserPanel : public QWidget {
 
     void ShowChannelPanel();
     void ReflectChannelButtons();
-    void ReflectPinkNoise(bool on);
     /// What the sliders show goes into the record, as an edit.
     void StoreChange();
     void Upload();
@@ -84,7 +83,7 @@ class EqualiserPanel : public QWidget {
     std::array<LevelPair *, 1> gain_{};
     LevelPair *bass_;
     LevelPair *treble_;
-    StateButton *cmdPink_;
+    ToggleButton *cmdPink_;
 
     int currentChannel_ = Left;
     int copiedChannel_ = NothingCopied;

@@ -1,6 +1,7 @@
 #include "ui/audio/outputtrimpanel.h"
 
 #include "model/tables.h"
+#include "ui/controls/appearance.h"
 #include "ui/controls/levelboard.h"
 #include "ui/controls/named.h"
 #include "ui/controls/taborder.h"
@@ -10,6 +11,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace kelvo {
 
@@ -23,14 +26,13 @@ QString ShortTitle(int channel)
     return QString(ChannelTitle[std::size_t(channel)]).remove(" Channel");
 }
 
-/// Six columns stand side by side in the smallest window: a toggle there is as narrow as its widest caption
-/// lets it be.
-StateButton *NarrowToggle(const QString &widestCaption)
+/// Six columns stand side by side in the smallest window: a toggle there is as narrow as the wider one of its
+/// captions lets it be.
+ToggleButton *NarrowToggle(const char *on, const char *off)
 {
-    auto *button = new StateButton(widestCaption);
-    QFont bold = button->font();
-    bold.setBold(true);
-    button->setMinimumWidth(QFontMetrics(bold).horizontalAdvance(widestCaption) + 12);
+    auto *button = new ToggleButton(on, off);
+    const QFontMetrics bold(Bold(button->font()));
+    button->setMinimumWidth(std::max(bold.horizontalAdvance(on), bold.horizontalAdvance(off)) + 12);
     return button;
 }
 
@@ -57,7 +59,6 @@ OutputTrimPanel::OutputTrimPanel(Settings &settings, UnitLink &link, EntryWindow
     for (const ChannelColumn &column : columns_)
         sequence.push_back(column.cmdPhase);
     SetTabSequence(sequence);
-    ShowTestSignalsOff();
     Show();
 }
 
@@ -87,9 +88,9 @@ void OutputTrimPanel::BuildColumn(int channel, LevelBoard &board)
     auto *trim = new LevelPair(HalfDecibelRule, entries_, {"lblPNG", "sclPNG", channel},
                                {[this, channel](int) { StoreTrim(channel); }, [this] { Upload(); }}, this);
     trim->SetAccessibleName(title + ", output trim, dB");
-    auto *cmdPN = Named(NarrowToggle("Off"), "cmdPN", channel);
+    auto *cmdPN = Named(NarrowToggle("On", "Off"), "cmdPN", channel);
     cmdPN->setAccessibleName(title + ", pink noise");
-    auto *cmdPhase = Named(NarrowToggle("Inverted"), "cmdPhase", channel);
+    auto *cmdPhase = Named(NarrowToggle("Inverted", "In Phase"), "cmdPhase", channel);
     cmdPhase->setAccessibleName(title + ", phase");
     connect(cmdPN, &QPushButton::clicked, this, [this, channel] { cmdPN_Click(channel); });
     connect(cmdPhase, &QPushButton::clicked, this, [this, channel] { cmdPhase_Click(channel); });
@@ -154,58 +155,43 @@ void OutputTrimPanel::cmdReset_Click()
 
 void OutputTrimPanel::cmdPN_Click(int channel)
 {
-    const bool on = !Column(channel).cmdPN->IsOn();
+    ToggleButton &cmdPN = *Column(channel).cmdPN;
+    const bool on = !cmdPN.IsOn();
     // A noise on a muted unit would stay unheard and puzzle whoever listens for it.
     if (on && settings_.MuteState != False)
         mute_.cmdMute_Click();
-    ReflectNoise(channel, on);
+    cmdPN.SetOn(on);
     link_.RetryFunction(UnitOp::SetPink, Word(channel), on ? True : False);
 }
 
 void OutputTrimPanel::cmdPhase_Click(int channel)
 {
-    const bool inverted = !Column(channel).cmdPhase->IsOn();
-    ReflectPhase(channel, inverted);
-    link_.RetryFunction(UnitOp::SetPhase, Word(channel), inverted ? True : False);
-}
-
-void OutputTrimPanel::ReflectNoise(int channel, bool on)
-{
-    Column(channel).cmdPN->Show(on ? "On" : "Off", on ? Face::On : Face::Normal);
-}
-
-void OutputTrimPanel::ReflectPhase(int channel, bool inverted)
-{
-    Column(channel).cmdPhase->Show(inverted ? "Inverted" : "In Phase", inverted ? Face::On : Face::Normal);
+    ToggleButton &cmdPhase = *Column(channel).cmdPhase;
+    cmdPhase.SetOn(!cmdPhase.IsOn());
+    link_.RetryFunction(UnitOp::SetPhase, Word(channel), cmdPhase.IsOn() ? True : False);
 }
 
 void OutputTrimPanel::ShowNoiseOff()
 {
-    for (int channel = 0; channel < ChannelCount; ++channel)
-        ReflectNoise(channel, false);
+    for (const ChannelColumn &column : columns_)
+        column.cmdPN->SetOn(false);
 }
 
 void OutputTrimPanel::ShowTestSignalsOff()
 {
     ShowNoiseOff();
-    for (int channel = 0; channel < ChannelCount; ++channel)
-        ReflectPhase(channel, false);
+    for (const ChannelColumn &column : columns_)
+        column.cmdPhase->SetOn(false);
 }
 
-/// What the buttons show and what the unit was last told may differ: New resets the console, sends nothing.
 void OutputTrimPanel::LeaveTab()
 {
     for (int channel = 0; channel < ChannelCount; ++channel) {
-        const bool plays = Column(channel).cmdPN->IsOn() || link_.Holds().Pink[std::size_t(channel)];
-        ReflectNoise(channel, false);
-        if (plays)
+        if (Column(channel).cmdPN->SwitchOff(link_.Holds().Pink[std::size_t(channel)]))
             link_.RetryFunction(UnitOp::SetPink, Word(channel), False);
     }
     for (int channel = 0; channel < ChannelCount; ++channel) {
-        const bool inverted =
-            Column(channel).cmdPhase->IsOn() || link_.Holds().Inverted[std::size_t(channel)];
-        ReflectPhase(channel, false);
-        if (inverted)
+        if (Column(channel).cmdPhase->SwitchOff(link_.Holds().Inverted[std::size_t(channel)]))
             link_.RetryFunction(UnitOp::SetPhase, Word(channel), False);
     }
 }

@@ -34,8 +34,8 @@ class OutputTrimPanel : public QWidget {
   private:
     struct ChannelColumn {
         LevelPair *trim;
-        StateButton *cmdPN;
-        StateButton *cmdPhase;
+        ToggleButton *cmdPN;
+        ToggleButton *cmdPhase;
     };
 
     QWidget *BuildChannels();
@@ -47,8 +47,6 @@ class OutputTrimPanel : public QWidget {
     void cmdReset_Click();
     void StoreTrim(int channel);
     void Upload();
-    void ReflectNoise(int channel, bool on);
-    void ReflectPhase(int channel, bool inverted);
     ChannelColumn &Column(int channel) { return columns_[std::size_t(channel)]; }
 
     Settings &settings_;

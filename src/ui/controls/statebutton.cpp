@@ -1,5 +1,7 @@
 #include "ui/controls/statebutton.h"
 
+#include "ui/controls/appearance.h"
+
 #include <QFontMetrics>
 #include <QPainter>
 #include <QStyleOptionButton>
@@ -11,26 +13,12 @@ namespace kelvo {
 
 namespace {
 
-struct FaceColours {
-    QColor fill;
-    QColor text;
-};
-
-FaceColours ColoursOf(Face face)
-{
-    static const std::array<FaceColours, 5> Colours{{{},
-                                                     {QColor(128, 128, 128), Qt::white},
-                                                     {QColor(255, 255, 0), Qt::black},
-                                                     {QColor(255, 0, 0), Qt::white},
-                                                     {QColor(0, 255, 0), Qt::black}}};
-    return Colours[std::size_t(face)];
-}
-
-QFont Bold(QFont font, bool bold)
-{
-    font.setBold(bold);
-    return font;
-}
+/// In the order of `Face`; the style paints the first.
+constexpr std::array<Colours, 5> FaceColours{{{},
+                                              {QColor(128, 128, 128), QColorConstants::White},
+                                              {QColorConstants::Yellow, QColorConstants::Black},
+                                              Red,
+                                              Green}};
 
 } // namespace
 
@@ -53,7 +41,7 @@ void StateButton::SetFace(Face face)
 
 QSize StateButton::sizeHint() const
 {
-    const QFontMetrics bold(Bold(font(), true));
+    const QFontMetrics bold(Bold(font()));
     const QSize plain = QPushButton::sizeHint();
     const int growth = bold.size(Qt::TextShowMnemonic, text()).width() -
                        fontMetrics().size(Qt::TextShowMnemonic, text()).width();
@@ -71,7 +59,7 @@ void StateButton::paintEvent(QPaintEvent *event)
         QPushButton::paintEvent(event);
         return;
     }
-    auto [fill, ink] = ColoursOf(face_);
+    auto [fill, ink] = FaceColours[std::size_t(face_)];
     if (!isEnabled())
         ink.setAlpha(110);
     QStyleOptionButton option;
@@ -87,6 +75,13 @@ void StateButton::paintEvent(QPaintEvent *event)
         painter.setBrush(Qt::NoBrush);
         painter.drawRect(rect().adjusted(3, 3, -4, -4));
     }
+}
+
+bool ToggleButton::SwitchOff(bool heldOn)
+{
+    const bool wasOn = IsOn();
+    SetOn(false);
+    return wasOn || heldOn;
 }
 
 } // namespace kelvo

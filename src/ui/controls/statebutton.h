@@ -21,12 +21,10 @@ class StateButton : public QPushButton {
   public:
     explicit StateButton(const QString &caption, QWidget *parent = nullptr);
 
-    /// Caption, face and weight of a toggle change together.
+    /// Caption, face and weight change together.
     void Show(const QString &caption, Face face);
     void SetFace(Face face);
     Face ShownFace() const { return face_; }
-    /// A toggle is what its button shows.
-    bool IsOn() const { return face_ == Face::On; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -36,6 +34,24 @@ class StateButton : public QPushButton {
 
   private:
     Face face_ = Face::Normal;
+};
+
+/// A function is on or off as its button shows.
+class ToggleButton : public StateButton {
+    Q_OBJECT
+
+  public:
+    ToggleButton(const char *on, const char *off) : StateButton(off), on_(on), off_(off) {}
+
+    void SetOn(bool on) { Show(on ? on_ : off_, on ? Face::On : Face::Normal); }
+    bool IsOn() const { return ShownFace() == Face::On; }
+    /// Shows off. True when the unit is to be told so: the function was on here, or `heldOn` by the unit,
+    /// which a new set of settings on the screen does not silence.
+    bool SwitchOff(bool heldOn);
+
+  private:
+    const char *on_;
+    const char *off_;
 };
 
 } // namespace kelvo

@@ -1,5 +1,6 @@
 #include "ui/main/frmmain.h"
 
+#include "ui/controls/appearance.h"
 #include "ui/controls/named.h"
 #include "ui/controls/spacing.h"
 #include "ui/main/messages.h"
@@ -158,9 +159,7 @@ QWidget *FrmMain::BuildFormatSelection()
         lnlInfo_[std::size_t(line)] = Named(new QLabel, "lnlInfo", line);
         lines->addWidget(lnlInfo_[std::size_t(line)]);
     }
-    QSizePolicy keepsItsPlace = information->sizePolicy();
-    keepsItsPlace.setRetainSizeWhenHidden(true);
-    information->setSizePolicy(keepsItsPlace);
+    KeepPlaceWhenHidden(information);
 
     auto *panel = new QWidget;
     auto *layout = new QGridLayout(panel);
@@ -179,12 +178,9 @@ QWidget *FrmMain::BuildFormatSelection()
 QWidget *FrmMain::BuildMasterColumn()
 {
     lblStat_ = Named(new QLabel, "lblStat");
-    lblStat_->setAutoFillBackground(true);
     lblStat_->setAlignment(Qt::AlignCenter);
     lblStat_->setMargin(6);
-    QFont bold = lblStat_->font();
-    bold.setBold(true);
-    lblStat_->setFont(bold);
+    lblStat_->setFont(Bold(lblStat_->font()));
     cmdConnect_ = Named(new QPushButton(messages::ConnectCaption), "cmdConnect");
     connect(cmdConnect_, &QPushButton::clicked, this, &FrmMain::cmdConnect_Click);
     lblSent_ = Named(new QLabel, "lblSent");

@@ -1,5 +1,6 @@
 #include "ui/main/frmmain.h"
 
+#include "ui/controls/appearance.h"
 #include "ui/main/messages.h"
 #include "unit/messages.h"
 
@@ -11,19 +12,13 @@ namespace kelvo {
 namespace {
 
 struct Lamp {
-    QColor fill;
-    QColor ink;
+    Colours colours;
     const char *caption;
 };
 
 /// In the order of `LinkState`.
-const Lamp &LampOf(LinkState state)
-{
-    static const std::array<Lamp, 3> Lamps{{{QColor(255, 0, 0), Qt::white, "Off Line"},
-                                            {QColor(0, 255, 0), Qt::black, "On Line"},
-                                            {QColor(255, 128, 0), Qt::black, "Data?"}}};
-    return Lamps[std::size_t(state)];
-}
+constexpr std::array<Lamp, 3> Lamps{
+    {{Red, "Off Line"}, {Green, "On Line"}, {{QColor(255, 128, 0), QColorConstants::Black}, "Data?"}}};
 
 /// The frames and buttons that are enabled while a unit is connected, in this order; the visible tab's
 /// panel follows them.
@@ -40,11 +35,8 @@ QString Text(std::string_view text)
 
 void FrmMain::ShowConnectStatus(LinkState state)
 {
-    const Lamp &lamp = LampOf(state);
-    QPalette palette = lblStat_->palette();
-    palette.setColor(QPalette::Window, lamp.fill);
-    palette.setColor(QPalette::WindowText, lamp.ink);
-    lblStat_->setPalette(palette);
+    const Lamp &lamp = Lamps[std::size_t(state)];
+    Fill(lblStat_, lamp.colours);
     lblStat_->setText(lamp.caption);
     // A failing call keeps the thread for seconds: the lamp must be on the screen before it goes on.
     lblStat_->repaint();

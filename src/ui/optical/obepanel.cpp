@@ -53,7 +53,7 @@ QGroupBox *ObePanel::BuildObe()
     auto *group = new QGroupBox("OBE");
     auto *layout = new QVBoxLayout(group);
     layout->setSpacing(Spacing);
-    cmdOBEEnable_ = Named(new StateButton(ObeOff), "cmdOBEEnable");
+    cmdOBEEnable_ = Named(new ToggleButton(ObeOn, ObeOff), "cmdOBEEnable");
     cmdOBEEnable_->setMinimumHeight(BigButtonHeight);
     connect(cmdOBEEnable_, &QPushButton::clicked, this, &ObePanel::cmdOBEEnable_Click);
     cboObeF_ = Named(new ChoiceList, "cboObeF");
@@ -71,7 +71,7 @@ QGroupBox *ObePanel::BuildObe()
 QGroupBox *ObePanel::BuildLevel(EntryWindow &entries)
 {
     level_ = new LevelPair(ObeRule, entries, {"lblOBE", "sclOBE"},
-                           {[this](int position) { StoreLevel(position); }, [this] { SendObe(); }}, this);
+                           {[this](int position) { StoreLevel(position); }, [this] { Upload(); }}, this);
     level_->SetAccessibleName("OBE level, dB");
     auto *board = new LevelBoard({ObeMarks.begin(), ObeMarks.end()});
     board->Add(level_->Slider(), 1);
@@ -87,8 +87,8 @@ QGroupBox *ObePanel::BuildNoise(QPushButton *cmdMute3)
     auto *group = new QGroupBox("Pink Noise");
     auto *layout = new QFormLayout(group);
     layout->setSpacing(Spacing);
-    noise_ = {{{Named(new StateButton(CaptionOff), "cmdPNC"), Center},
-               {Named(new StateButton(CaptionOff), "cmdPNS"), Subwoofer}}};
+    noise_ = {{{Named(new ToggleButton(CaptionOn, CaptionOff), "cmdPNC"), Center},
+               {Named(new ToggleButton(CaptionOn, CaptionOff), "cmdPNS"), Subwoofer}}};
     for (const Noise &noise : noise_) {
         const QString name = noise.channel == Center ? "Center" : "Subwoofer";
         noise.button->setAccessibleName(QString("Pink noise, %1").arg(name));
@@ -108,7 +108,7 @@ void ObePanel::Show()
 void ObePanel::ReflectOBEStatus()
 {
     const bool on = settings_.ObeEnabled;
-    cmdOBEEnable_->Show(on ? ObeOn : ObeOff, on ? Face::On : Face::Normal);
+    cmdOBEEnable_->SetOn(on);
     ShowChoice(cboObeF_, settings_.ObeMode - 1);
     // Disabling the field takes what is typed in it, which is not for the unit's or a file's settings to do.
     if (!on && settings_.Updating)
@@ -121,17 +121,14 @@ void ObePanel::ReflectOBEStatus()
 void ObePanel::ShowTestSignalsOff()
 {
     for (const Noise &noise : noise_)
-        noise.button->Show(CaptionOff, Face::Normal);
+        noise.button->SetOn(false);
 }
 
 void ObePanel::LeaveTab()
 {
     for (const Noise &noise : noise_) {
-        // After New the button shows off while the unit still plays.
-        if (noise.button->ShownFace() != Face::On && !link_.Holds().Pink[std::size_t(noise.channel)])
-            continue;
-        noise.button->Show(CaptionOff, Face::Normal);
-        link_.RetryFunction(UnitOp::SetPink, noise.channel, False);
+        if (noise.button->SwitchOff(link_.Holds().Pink[std::size_t(noise.channel)]))
+            link_.RetryFunction(UnitOp::SetPink, noise.channel, False);
     }
 }
 
@@ -139,7 +136,8 @@ void ObePanel::cmdOBEEnable_Click()
 {
     settings_.ObeEnabled = !settings_.ObeEnabled;
     settings_.Audio.ObeFreq = settings_.ObeEnabled ? settings_.ObeMode : Byte(0);
-    SendObe();
+    settings_.SettingsChanged = true;
+    Upload();
     ReflectOBEStatus();
 }
 
@@ -149,27 +147,28 @@ void ObePanel::cboObeF_Click(int index)
         return;
     settings_.ObeMode = Byte(index + 1);
     settings_.Audio.ObeFreq = settings_.ObeMode;
-    SendObe();
+    settings_.SettingsChanged = true;
+    Upload();
 }
 
 void ObePanel::StoreLevel(int position)
 {
+    if (settings_.Updating)
+        return;
     settings_.Audio.ObeLevel = Byte(ObeRule.lastPosition - position);
     settings_.SettingsChanged = true;
     link_.ShowSent();
 }
 
-void ObePanel::SendObe()
+void ObePanel::Upload()
 {
-    settings_.SettingsChanged = true;
     link_.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::AfterEdit);
 }
 
 void ObePanel::cmdNoise_Click(const Noise &noise)
 {
-    const bool on = noise.button->ShownFace() != Face::On;
-    noise.button->Show(on ? CaptionOn : CaptionOff, on ? Face::On : Face::Normal);
-    link_.RetryFunction(UnitOp::SetPink, noise.channel, on ? True : False);
+    noise.button->SetOn(!noise.button->IsOn());
+    link_.RetryFunction(UnitOp::SetPink, noise.channel, noise.button->IsOn() ? True : False);
 }
 
 } // namespace kelvo

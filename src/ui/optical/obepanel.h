@@ -35,7 +35,7 @@ class ObePanel : public QWidget {
   private:
     /// A noise button and the channel that it plays on.
     struct Noise {
-        StateButton *button;
+        ToggleButton *button;
         Word channel;
     };
 
@@ -46,12 +46,12 @@ class ObePanel : public QWidget {
     void cmdOBEEnable_Click();
     void cboObeF_Click(int index);
     void StoreLevel(int position);
-    void SendObe();
+    void Upload();
     void cmdNoise_Click(const Noise &noise);
 
     Settings &settings_;
     UnitLink &link_;
-    StateButton *cmdOBEEnable_;
+    ToggleButton *cmdOBEEnable_;
     QComboBox *cboObeF_;
     LevelPair *level_;
     std::array<Noise, 2> noise_{};

@@ -1,5 +1,6 @@
 #include "ui/optical/opticalpanel.h"
 
+#include "ui/controls/appearance.h"
 #include "ui/controls/choices.h"
 #include "ui/controls/named.h"
 #include "ui/controls/spacing.h"
@@ -27,22 +28,6 @@ constexpr auto BlinkInterval = 1000ms;
 
 /// The format that the unit is put in for the duration of a stream.
 constexpr Word StreamFormat = 1;
-
-void Fill(QLabel *label, const QColor &ground, const QColor &ink)
-{
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::Window, ground);
-    palette.setColor(QPalette::WindowText, ink);
-    label->setPalette(palette);
-    label->setAutoFillBackground(true);
-}
-
-void KeepPlaceWhenHidden(QWidget *widget)
-{
-    QSizePolicy policy = widget->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget->setSizePolicy(policy);
-}
 
 } // namespace
 
@@ -143,7 +128,7 @@ QGroupBox *OpticalPanel::BuildRT60()
     auto *group = new QGroupBox("RT60");
     auto *layout = new QHBoxLayout(group);
     layout->setSpacing(Spacing);
-    cmdRT60_ = Named(new StateButton(CaptionOff), "cmdRT60");
+    cmdRT60_ = Named(new ToggleButton(CaptionOn, CaptionOff), "cmdRT60");
     cmdRT60_->setAccessibleName("Reverberation time test");
     connect(cmdRT60_, &QPushButton::clicked, this, &OpticalPanel::cmdRT60_Click);
     layout->addWidget(new QLabel("Reverberation time test"));
@@ -282,12 +267,8 @@ void OpticalPanel::WithoutStream(const std::function<void()> &work)
 void OpticalPanel::cmdRT60_Click()
 {
     surroundings_.showNoiseOff();
-    const bool on = cmdRT60_->ShownFace() != Face::On;
-    if (on)
-        cmdRT60_->Show(CaptionOn, Face::On);
-    else
-        ShowTestSignalsOff();
-    link_.RetryFunction(UnitOp::SetRT60, 0, on ? True : False);
+    cmdRT60_->SetOn(!cmdRT60_->IsOn());
+    link_.RetryFunction(UnitOp::SetRT60, 0, cmdRT60_->IsOn() ? True : False);
 }
 
 void OpticalPanel::StreamLock(bool locked)
@@ -296,15 +277,12 @@ void OpticalPanel::StreamLock(bool locked)
         return;
     shownLock_ = locked;
     lblLock_->setText(locked ? Locked : NotLocked);
-    if (locked)
-        Fill(lblLock_, QColor(0, 255, 0), Qt::black);
-    else
-        Fill(lblLock_, QColor(255, 0, 0), Qt::white);
+    Fill(lblLock_, locked ? Green : Red);
 }
 
 void OpticalPanel::ShowTestSignalsOff()
 {
-    cmdRT60_->Show(CaptionOff, Face::Normal);
+    cmdRT60_->SetOn(false);
 }
 
 void OpticalPanel::StopRunningStream()

@@ -94,7 +94,7 @@ class OpticalPanel : public QWidget {
     QPushButton *cmdStart_;
     QLabel *lblStart_;
     QLabel *lblLock_;
-    StateButton *cmdRT60_;
+    ToggleButton *cmdRT60_;
     QTimer *tmrOptical_;
     QTimer *Timer2_;
 };

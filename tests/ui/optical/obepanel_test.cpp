@@ -298,6 +298,16 @@ class ObePanelTest : public QObject {
         QCOMPARE(console.unit.audio.ObeLevel, Byte(18));
     }
 
+    void nothingIsStoredWhileTheProgramItselfSetsControls()
+    {
+        Obe console(4, 7);
+        const FlagGuard updating(console.settings.Updating);
+        console.Find<QSlider>("sclOBE")->setValue(3);
+        QCOMPARE(console.settings.Audio.ObeLevel, Byte(7));
+        QVERIFY(!console.settings.SettingsChanged);
+        QCOMPARE(console.Calls(), Calls{});
+    }
+
     void showingTheUnitsSettingsSendsNothing()
     {
         Obe console(4, 7);

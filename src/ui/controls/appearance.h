@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+
+class QLabel;
+class QWidget;
+
+namespace kelvo {
+
+/// What tells a state: a flat ground and the ink that is readable on it.
+struct Colours {
+    QColor ground;
+    QColor ink;
+};
+
+inline constexpr Colours Red{QColorConstants::Red, QColorConstants::White};
+inline constexpr Colours Green{QColorConstants::Green, QColorConstants::Black};
+
+void Fill(QLabel *label, const Colours &colours);
+/// Nothing around it moves when it comes and goes.
+void KeepPlaceWhenHidden(QWidget *widget);
+QFont Bold(QFont font, bool bold = true);
+
+} // namespace kelvo
