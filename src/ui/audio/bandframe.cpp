@@ -51,7 +51,7 @@ BandFrame::BandFrame(const Names &names, std::span<const char *const> frequencie
         AddBand(pair, frequencies[i], *board);
     }
     JoinNeighbours(pairs_);
-    board->DrawCurve();
+    board->ShowCurve();
     auto *rows = new QVBoxLayout(this);
     rows->setContentsMargins(6, 6, 6, 6);
     rows->addWidget(board);

@@ -33,13 +33,13 @@ void Store(Byte &byte, const LevelPair &pair)
 } // namespace
 
 EqualiserPanel::EqualiserPanel(Settings &settings, UnitLink &link, EntryWindow &entries, MuteButtons &mute,
-                               MasterFader &fader, QWidget *masterFader)
+                               MasterFader &fader, QWidget *faderFrame)
     : settings_(settings),
       link_(link),
       entries_(entries),
       mute_(mute),
       fader_(fader),
-      masterFader_(masterFader)
+      faderFrame_(faderFrame)
 {
     const LevelPair::Actions apply{[this](int) { StoreChange(); }, [this] { Upload(); }};
     frmBandA_ = new BandFrame({"frmBandA", "lblBand", "sclA"}, ThirdOctaves, entries, apply);
@@ -61,7 +61,7 @@ EqualiserPanel::EqualiserPanel(Settings &settings, UnitLink &link, EntryWindow &
     grid->addWidget(BuildChannelButtons(), 0, 0, 1, 2);
     grid->addWidget(bandArea_, 1, 0, 2, 1);
     grid->addWidget(BuildTone(), 1, 1);
-    grid->addWidget(masterFader, 2, 1);
+    grid->addWidget(faderFrame, 2, 1);
     grid->addWidget(BuildCommands(), 3, 0, 1, 2);
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(1, 1);
@@ -141,7 +141,7 @@ void EqualiserPanel::ChainTabs()
         sequence.push_back(option);
     add(bass_);
     add(treble_);
-    for (QWidget *control : masterFader_->findChildren<QWidget *>(Qt::FindDirectChildrenOnly))
+    for (QWidget *control : faderFrame_->findChildren<QWidget *>(Qt::FindDirectChildrenOnly))
         sequence.push_back(control);
     SetTabSequence(sequence);
 }

@@ -22,10 +22,10 @@ class EqualiserPanel : public QWidget {
     Q_OBJECT
 
   public:
-    /// `masterFader` is the frame placed on the tab; `mute` gives `cmdMute`; `fader` and `mute` also
+    /// `faderFrame` is the frame placed on the tab; `mute` gives `cmdMute`; `fader` and `mute` also
     /// serve the Ctrl shortcuts.
     EqualiserPanel(Settings &settings, UnitLink &link, EntryWindow &entries, MuteButtons &mute,
-                   MasterFader &fader, QWidget *masterFader);
+                   MasterFader &fader, QWidget *faderFrame);
 
     int CurrentChannel() const { return currentChannel_; }
     /// The current channel's sliders into its record; a byte whose nearest position is where its slider
@@ -73,7 +73,7 @@ class EqualiserPanel : public QWidget {
     EntryWindow &entries_;
     MuteButtons &mute_;
     MasterFader &fader_;
-    QWidget *masterFader_;
+    QWidget *faderFrame_;
 
     std::array<StateButton *, ChannelCount> cmdEQChan_{};
     QStackedWidget *bandArea_;

@@ -39,7 +39,7 @@ ToggleButton *NarrowToggle(const char *on, const char *off)
 } // namespace
 
 OutputTrimPanel::OutputTrimPanel(Settings &settings, UnitLink &link, EntryWindow &entries, MuteButtons &mute,
-                                 QWidget *masterFader)
+                                 QWidget *faderFrame)
     : settings_(settings),
       link_(link),
       entries_(entries),
@@ -48,7 +48,7 @@ OutputTrimPanel::OutputTrimPanel(Settings &settings, UnitLink &link, EntryWindow
     auto *columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
     columns->addWidget(BuildChannels(), 1);
-    columns->addWidget(BuildCommands(masterFader));
+    columns->addWidget(BuildCommands(faderFrame));
     std::vector<QWidget *> sequence;
     for (const ChannelColumn &column : columns_) {
         sequence.push_back(column.trim->Slider());
@@ -106,14 +106,14 @@ void OutputTrimPanel::BuildColumn(int channel, LevelBoard &board)
     Column(channel) = {trim, cmdPN, cmdPhase};
 }
 
-QWidget *OutputTrimPanel::BuildCommands(QWidget *masterFader)
+QWidget *OutputTrimPanel::BuildCommands(QWidget *faderFrame)
 {
     auto *cmdReset = Named(new QPushButton("Reset Trims"), "cmdReset");
     connect(cmdReset, &QPushButton::clicked, this, [this] { cmdReset_Click(); });
     auto *side = new QWidget;
     auto *rows = new QVBoxLayout(side);
     rows->setContentsMargins(0, 0, 0, 0);
-    rows->addWidget(masterFader);
+    rows->addWidget(faderFrame);
     rows->addStretch();
     rows->addWidget(cmdReset);
     rows->addWidget(mute_.Build("cmdMute2"));

@@ -18,9 +18,9 @@ class OutputTrimPanel : public QWidget {
     Q_OBJECT
 
   public:
-    /// `masterFader` is the frame placed beside the channels; `mute` gives `cmdMute2`.
+    /// `faderFrame` is the frame placed beside the channels; `mute` gives `cmdMute2`.
     OutputTrimPanel(Settings &settings, UnitLink &link, EntryWindow &entries, MuteButtons &mute,
-                    QWidget *masterFader);
+                    QWidget *faderFrame);
 
     /// The trims show the model.
     void Show();
@@ -40,7 +40,7 @@ class OutputTrimPanel : public QWidget {
 
     QWidget *BuildChannels();
     void BuildColumn(int channel, class LevelBoard &board);
-    QWidget *BuildCommands(QWidget *masterFader);
+    QWidget *BuildCommands(QWidget *faderFrame);
 
     void cmdPN_Click(int channel);
     void cmdPhase_Click(int channel);

@@ -5,7 +5,6 @@
 #include "ui/controls/named.h"
 
 #include <QHBoxLayout>
-#include <QRadioButton>
 #include <QVBoxLayout>
 
 #include <array>
@@ -46,10 +45,10 @@ QGroupBox *SubBassFrame::BuildOptions(const char *name, const QString &title,
     auto *rows = new QVBoxLayout(frame);
     group = new QButtonGroup(this);
     for (std::size_t i = 0; i < captions.size(); ++i) {
-        auto *option = Named(new QRadioButton(captions[i]), name, int(i));
+        auto *option = Named(new OptionButton(captions[i]), name, int(i));
         option->setAccessibleName(title + ", " + captions[i]);
         group->addButton(option, int(i));
-        rows->addWidget(option, 0, Qt::AlignLeft);
+        rows->addWidget(option);
     }
     rows->addStretch();
     connect(group, &QButtonGroup::idClicked, this, [this, byte](int index) { choose_(byte, index); });

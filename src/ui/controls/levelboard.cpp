@@ -52,7 +52,7 @@ void LevelBoard::Add(LevelSlider *slider, int column, int columns)
     });
 }
 
-void LevelBoard::DrawCurve()
+void LevelBoard::ShowCurve()
 {
     curve_ = true;
     update();

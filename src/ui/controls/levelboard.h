@@ -30,7 +30,7 @@ class LevelBoard : public QWidget {
     /// Sliders come from left to right, from grid column 1 on; column 0 shows the marks.
     void Add(LevelSlider *slider, int column, int columns = 1);
     QGridLayout *Grid() const { return grid_; }
-    void DrawCurve();
+    void ShowCurve();
 
   protected:
     void paintEvent(QPaintEvent *event) override;

@@ -16,7 +16,6 @@ inline constexpr const char *CaptionStop = "Stop";
 inline constexpr const char *PressStart = "Press Start  -->";
 inline constexpr const char *Locked = "Stream Lock";
 inline constexpr const char *NotLocked = "No Stream";
-inline constexpr std::array Measurements{"Gain", "Slit Loss", "Azimuth"};
 inline constexpr std::array Projectors{"Projector 1", "Projector 2"};
 
 inline constexpr const char *ObeOn = "OBE Enable";

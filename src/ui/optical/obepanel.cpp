@@ -26,14 +26,14 @@ constexpr std::array<LevelMark, 5> ObeMarks{
 } // namespace
 
 ObePanel::ObePanel(Settings &settings, UnitLink &link, EntryWindow &entries, QPushButton *cmdMute3,
-                   QWidget *masterFader)
+                   QWidget *faderFrame)
     : settings_(settings),
       link_(link)
 {
     auto *right = new QVBoxLayout;
     right->setSpacing(GroupSpacing);
     right->addWidget(BuildNoise(cmdMute3));
-    right->addWidget(masterFader);
+    right->addWidget(faderFrame);
     right->addStretch();
     right->addWidget(BuildUploadButton(2, link, entries));
 

@@ -20,9 +20,9 @@ class ObePanel : public QWidget {
     Q_OBJECT
 
   public:
-    /// `cmdMute3` and `masterFader` are placed on the tab.
+    /// `cmdMute3` and `faderFrame` are placed on the tab.
     ObePanel(Settings &settings, UnitLink &link, EntryWindow &entries, QPushButton *cmdMute3,
-             QWidget *masterFader);
+             QWidget *faderFrame);
 
     /// Level, frequency and state show the model.
     void Show();

@@ -31,6 +31,11 @@ constexpr Word StreamFormat = 1;
 
 } // namespace
 
+const std::array<OpticalPanel::Measurement, 3> OpticalPanel::Measurements{
+    {{"Gain", UnitOp::BeginGainStream, &OpticalPanel::ReadGain},
+     {"Slit Loss", UnitOp::BeginSlitStream, &OpticalPanel::ReadSlitLoss},
+     {"Azimuth", UnitOp::BeginAzimuthStream, &OpticalPanel::ReadAzimuth}}};
+
 OpticalPanel::OpticalPanel(Settings &settings, UnitLink &link, EntryWindow &entries,
                            Surroundings surroundings)
     : settings_(settings),
@@ -72,8 +77,8 @@ QGroupBox *OpticalPanel::BuildMeasurements()
     layout->setSpacing(Spacing);
     auto *optOptical = new QButtonGroup(group);
     for (int index = 0; index < int(Measurements.size()); ++index) {
-        auto *option = Named(new OptionButton(Measurements[std::size_t(index)]), "optOptical", index);
-        option->setChecked(index == int(measurement_));
+        auto *option = Named(new OptionButton(Measurements[std::size_t(index)].caption), "optOptical", index);
+        option->setChecked(index == measurement_);
         optOptical->addButton(option, index);
         layout->addWidget(option);
     }
@@ -187,17 +192,7 @@ void OpticalPanel::StopStream()
 void OpticalPanel::BeginStream()
 {
     slit_ = NoSlitReadings();
-    switch (measurement_) {
-    case Measurement::Gain:
-        link_.RetryFunction(UnitOp::BeginGainStream);
-        break;
-    case Measurement::SlitLoss:
-        link_.RetryFunction(UnitOp::BeginSlitStream);
-        break;
-    case Measurement::Azimuth:
-        link_.RetryFunction(UnitOp::BeginAzimuthStream);
-        break;
-    }
+    link_.RetryFunction(Measurements[std::size_t(measurement_)].begin);
 }
 
 void OpticalPanel::ReturnToIdle()
@@ -228,10 +223,9 @@ void OpticalPanel::ClearPictures()
 
 void OpticalPanel::optOptical_Click(int index)
 {
-    const auto chosen = Measurement(index);
-    if (chosen == measurement_)
+    if (index == measurement_)
         return;
-    measurement_ = chosen;
+    measurement_ = index;
     if (!streaming_)
         return;
     link_.RetryFunction(UnitOp::StopStream);
@@ -299,7 +293,7 @@ void OpticalPanel::tmrOptical_Timer()
     const auto began = std::chrono::steady_clock::now();
     nextReading_ = std::max(nextReading_ + ReadingInterval, began - MostBehind);
     graphs_->Graph().SetFontName(GraphFont);
-    ReadMeasurement();
+    (this->*Measurements[std::size_t(measurement_)].read)();
     if (tmrOptical_->isActive())
         KeepPace(std::chrono::steady_clock::now() - began);
 }
@@ -316,21 +310,6 @@ void OpticalPanel::KeepPace(std::chrono::nanoseconds took)
         // The toolkit's timer rounds every wait up and falls behind; the reading that it lost by that comes
         // with the next round of the event loop.
         QMetaObject::invokeMethod(this, &OpticalPanel::tmrOptical_Timer, Qt::QueuedConnection);
-    }
-}
-
-void OpticalPanel::ReadMeasurement()
-{
-    switch (measurement_) {
-    case Measurement::Gain:
-        ReadGain();
-        break;
-    case Measurement::SlitLoss:
-        ReadSlitLoss();
-        break;
-    case Measurement::Azimuth:
-        ReadAzimuth();
-        break;
     }
 }
 

@@ -48,7 +48,13 @@ class OpticalPanel : public QWidget {
     void StopRunningStream();
 
   private:
-    enum class Measurement { Gain, SlitLoss, Azimuth };
+    /// What the unit can be asked to stream, and what takes a reading of it.
+    struct Measurement {
+        const char *caption;
+        UnitOp begin;
+        void (OpticalPanel::*read)();
+    };
+    static const std::array<Measurement, 3> Measurements; ///< index = `optOptical`
 
     QGroupBox *BuildMeasurements();
     QGroupBox *BuildProjectors();
@@ -72,7 +78,6 @@ class OpticalPanel : public QWidget {
 
     /// Brings the readings as close to one a millisecond as the event loop allows.
     void KeepPace(std::chrono::nanoseconds took);
-    void ReadMeasurement();
     void ReadGain();
     void ReadSlitLoss();
     void ReadAzimuth();
@@ -81,7 +86,7 @@ class OpticalPanel : public QWidget {
     UnitLink &link_;
     Surroundings surroundings_;
 
-    Measurement measurement_ = Measurement::Gain;
+    int measurement_ = 0; ///< the selected one of `Measurements`
     SlitReadings slit_ = NoSlitReadings();
     AzimuthHistory history_;
     std::optional<bool> shownLock_;

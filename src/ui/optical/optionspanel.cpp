@@ -65,7 +65,7 @@ QGroupBox *OptionsPanel::BuildPowerOnFormat()
     for (const int index : PowerOnScreenOrder)
         layout->addWidget(
             BuildOption("optDefaultFormat", index, PowerOnFormats[std::size_t(index)], optDefaultFormat_));
-    connect(optDefaultFormat_, &QButtonGroup::idClicked, this, &OptionsPanel::optDefaultFormat_Click);
+    connect(optDefaultFormat_, &QButtonGroup::idClicked, this, StoreIn(&SystemBlock::DefaultFormat));
     return group;
 }
 
@@ -93,8 +93,8 @@ QGroupBox *OptionsPanel::BuildNonsync()
         cboNonsyncTrim_->addItem(QString("%1 dB").arg(-trim));
     layout->addRow("Outputs:", cboNonsyncMode_);
     layout->addRow("Trim:", cboNonsyncTrim_);
-    connect(cboNonsyncMode_, &QComboBox::activated, this, &OptionsPanel::cboNonsyncMode_Click);
-    connect(cboNonsyncTrim_, &QComboBox::activated, this, &OptionsPanel::cboNonsyncTrim_Click);
+    connect(cboNonsyncMode_, &QComboBox::activated, this, StoreIn(&SystemBlock::NonsyncMode));
+    connect(cboNonsyncTrim_, &QComboBox::activated, this, StoreIn(&SystemBlock::NonsyncTrim));
     return group;
 }
 
@@ -109,7 +109,7 @@ QGroupBox *OptionsPanel::BuildDelays()
     layout->addRow("Reader:", cboReaderDelay_);
     layout->addRow("Surround:", cboSurroundDelay_);
     connect(cboReaderDelay_, &QComboBox::activated, this, &OptionsPanel::cboReaderDelay_Click);
-    connect(cboSurroundDelay_, &QComboBox::activated, this, &OptionsPanel::cboSurroundDelay_Click);
+    connect(cboSurroundDelay_, &QComboBox::activated, this, StoreIn(&SystemBlock::SurroundDelay));
     return group;
 }
 
@@ -155,10 +155,12 @@ QString OptionsPanel::F1CaptionOfUnit() const
     return mode < F1Captions.size() ? F1Captions[mode].afterConnection : F1Unknown;
 }
 
-void OptionsPanel::optDefaultFormat_Click(int index)
+std::function<void(int)> OptionsPanel::StoreIn(Byte SystemBlock::*option)
 {
-    settings_.System.DefaultFormat = Byte(index);
-    SendOption();
+    return [this, option](int index) {
+        settings_.System.*option = Byte(index);
+        SendOption();
+    };
 }
 
 void OptionsPanel::optF1Key_Click(int index)
@@ -168,27 +170,9 @@ void OptionsPanel::optF1Key_Click(int index)
     showF1Caption_(F1Captions[std::size_t(index)].afterChoice);
 }
 
-void OptionsPanel::cboNonsyncMode_Click(int index)
-{
-    settings_.System.NonsyncMode = Byte(index);
-    SendOption();
-}
-
-void OptionsPanel::cboNonsyncTrim_Click(int index)
-{
-    settings_.System.NonsyncTrim = Byte(index);
-    SendOption();
-}
-
 void OptionsPanel::cboReaderDelay_Click(int index)
 {
     SetReaderDelayIndex(settings_.System, index);
-    SendOption();
-}
-
-void OptionsPanel::cboSurroundDelay_Click(int index)
-{
-    settings_.System.SurroundDelay = Byte(index);
     SendOption();
 }
 

@@ -39,12 +39,10 @@ class OptionsPanel : public QWidget {
     QGroupBox *BuildMatrix();
     QComboBox *BuildList(const char *name, const QString &label);
 
-    void optDefaultFormat_Click(int index);
+    /// The handler of a control whose choice is its byte.
+    std::function<void(int index)> StoreIn(Byte SystemBlock::*option);
     void optF1Key_Click(int index);
-    void cboNonsyncMode_Click(int index);
-    void cboNonsyncTrim_Click(int index);
     void cboReaderDelay_Click(int index);
-    void cboSurroundDelay_Click(int index);
     void chkDisableMatrix_Click(bool checked);
     /// What every handler does once its byte is stored.
     void SendOption();
