@@ -1,6 +1,5 @@
 #pragma once
 
-#include "model/flagguard.h"
 #include "model/records.h"
 
 #include <array>
@@ -51,7 +50,7 @@ struct Settings {
     bool SettingsChanged = false;
 
     /// The program itself is setting controls: their change handlers neither write the model nor send.
-    /// Raised through `UpdatingGuard` wherever the raise ends with its scope.
+    /// Raised through a `FlagGuard` wherever the raise ends with its scope.
     bool Updating = false;
 
     Word BaudIndex = 0;  ///< 0 to 3 = 9600, 19200, 38400, 57600; not stored
@@ -59,12 +58,6 @@ struct Settings {
     Preferences Options; ///< what `settings.dat` keeps
 
     Word OperatorFormat() const { return FormatBeforeStream.value_or(CurrentFormat); }
-};
-
-/// Raises `Updating` for a scope.
-class UpdatingGuard : public FlagGuard {
-  public:
-    explicit UpdatingGuard(Settings &settings) : FlagGuard(settings.Updating) {}
 };
 
 /// Flat equaliser, shelves at 0 dB and, for the subwoofer, the first width and frequency.

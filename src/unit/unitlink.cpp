@@ -1,5 +1,6 @@
 #include "unit/unitlink.h"
 
+#include "model/flagguard.h"
 #include "unit/messages.h"
 #include "unit/unitclock.h"
 #include "unit/versions.h"
@@ -163,7 +164,7 @@ Status UnitLink::ReadWord(Status (DeviceLibrary::*get)(Word &), Word &value, std
     const Status status = Keep((library_.*get)(read), held, read);
     if (status == Success && read != value) {
         value = read;
-        const UpdatingGuard fromUnit(settings_);
+        const FlagGuard fromUnit(settings_.Updating);
         show();
     }
     return status;
@@ -320,7 +321,7 @@ void UnitLink::ShowSettings()
          {UnitOp::GetAudio, UnitOp::GetSystem, UnitOp::GetMute, UnitOp::GetVol, UnitOp::GetFormat})
         RetryFunction(read);
     // After a lost link this still brings the controls into line with what was read before.
-    const UpdatingGuard fromUnit(settings_);
+    const FlagGuard fromUnit(settings_.Updating);
     view_.ReflectMuteStatus();
     view_.ReflectModeStatus();
     view_.ReflectVolumeLevel(true);

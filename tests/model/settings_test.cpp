@@ -1,3 +1,4 @@
+#include "model/flagguard.h"
 #include "model/settings.h"
 
 #include <algorithm>
@@ -134,10 +135,10 @@ TEST_CASE("raises of Updating nest: the inner one ends and the outer one still h
 {
     Settings settings;
     {
-        const UpdatingGuard outer(settings);
+        const FlagGuard outer(settings.Updating);
         CHECK(settings.Updating);
         {
-            const UpdatingGuard inner(settings);
+            const FlagGuard inner(settings.Updating);
             CHECK(settings.Updating);
         }
         CHECK(settings.Updating);
@@ -146,7 +147,7 @@ TEST_CASE("raises of Updating nest: the inner one ends and the outer one still h
 
     settings.Updating = true; // raised for longer than a scope, as by a failed connection
     {
-        const UpdatingGuard inner(settings);
+        const FlagGuard inner(settings.Updating);
     }
     CHECK(settings.Updating);
 }

@@ -1,4 +1,5 @@
 #include "files/configfile.h"
+#include "model/flagguard.h"
 #include "model/tables.h"
 #include "ui/main/frmmain.h"
 #include "ui/main/messages.h"
@@ -46,7 +47,7 @@ void TellFailure(QWidget *window, const Message &cannot, const QString &path, co
 
 void FrmMain::mnuNew_Click()
 {
-    if (!CommitEntries())
+    if (!entries_.CommitEntry())
         return;
     if (settings_.SettingsChanged && kelvo::Ask(this, messages::SaveChanges) && !SaveAsked())
         return;
@@ -64,7 +65,7 @@ void FrmMain::mnuNew_Click()
 
 void FrmMain::ResetConsole()
 {
-    const UpdatingGuard resetting(settings_);
+    const FlagGuard resetting(settings_.Updating);
     ResetAll(settings_);
     ReflectVolumeLevel(true);
     ReflectMuteStatus();
@@ -80,7 +81,7 @@ void FrmMain::ResetConsole()
 
 void FrmMain::mnuLoad_Click()
 {
-    if (!CommitEntries())
+    if (!entries_.CommitEntry())
         return;
     if (settings_.FileLoaded && settings_.SettingsChanged && kelvo::Ask(this, messages::SaveChanges) &&
         !SaveAsked())
@@ -117,7 +118,7 @@ bool FrmMain::OpenFile(const QString &path)
 
 void FrmMain::ShowLoadedSettings()
 {
-    const UpdatingGuard loading(settings_);
+    const FlagGuard loading(settings_.Updating);
     link_.RetryFunction(UnitOp::SetVol);
     ReflectVolumeLevel(true);
     // While a stream runs, the loaded format waits until its stop selects it.
@@ -140,12 +141,12 @@ bool FrmMain::Save()
 {
     if (settings_.CurrentFileName.empty())
         return SaveAs();
-    return CommitEntries() && SaveTo(QString::fromStdString(settings_.CurrentFileName));
+    return entries_.CommitEntry() && SaveTo(QString::fromStdString(settings_.CurrentFileName));
 }
 
 bool FrmMain::SaveAs()
 {
-    if (!CommitEntries())
+    if (!entries_.CommitEntry())
         return false;
     QFileDialog dialog(this);
     dialog.setAcceptMode(QFileDialog::AcceptSave);

@@ -99,9 +99,6 @@ class FrmMain final : public QMainWindow, private LinkView {
     void ShowTitle(const QString &name);
     /// One guard for every timer: none touches the unit while a box is open or a call is in progress.
     bool TimersMayTouchUnit() const;
-    /// Takes what is typed in the window or the fader dialog. False after a bad value: its message has been
-    /// shown and the command that asked is called off.
-    bool CommitEntries();
     /// Puts back every text that was not taken, where nobody can be asked about it any more.
     void DropEntries();
 

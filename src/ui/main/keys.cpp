@@ -36,7 +36,7 @@ bool FrmMain::PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers modif
     const bool upload = key == Qt::Key_F2;
     if (connect || upload) {
         // Connect does nothing on line, so it is asked first and takes what is typed itself.
-        if (repeat || link_.InCall() || (upload && !CommitEntries()))
+        if (repeat || link_.InCall() || (upload && !entries_.CommitEntry()))
             return true;
         if (connect)
             cmdConnect_Click();

@@ -187,9 +187,4 @@ bool FrmMain::TimersMayTouchUnit() const
     return !link_.InCall() && !closing_ && !QApplication::activeModalWidget();
 }
 
-bool FrmMain::CommitEntries()
-{
-    return entries_.CommitEntry();
-}
-
 } // namespace kelvo

@@ -54,7 +54,7 @@ void FrmMain::BuildMenus()
     Item(mnuFile_, "mnuSaveAs", "Save As ...", [this] { SaveAs(); });
     mnuFile_->addSeparator();
     Item(mnuFile_, "mnuRef", "Update", [this] {
-        if (CommitEntries())
+        if (entries_.CommitEntry())
             link_.Update();
     });
     mnuFile_->addSeparator();
@@ -144,7 +144,7 @@ void FrmMain::mnuAuto_Click()
 
 void FrmMain::mnuAutoRef_Click()
 {
-    if (!CommitEntries())
+    if (!entries_.CommitEntry())
         return;
     const QPointer<QWidget> focus = focusWidget();
     setEnabled(false);
@@ -171,7 +171,7 @@ void FrmMain::mnuSys_Click()
         link_.SetConsoleClock(std::nullopt);
         return;
     }
-    if (!CommitEntries())
+    if (!entries_.CommitEntry())
         return;
     FrmTime frmTime(link_.ConsoleTime(), this);
     if (frmTime.exec() != QDialog::Accepted)
@@ -183,7 +183,7 @@ void FrmMain::mnuSys_Click()
 
 void FrmMain::mnuSet_Click()
 {
-    if (!CommitEntries())
+    if (!entries_.CommitEntry())
         return;
     FrmTheater(
         settings_, [this] { theater_->ApplyTheaterTabFields(); }, this)
@@ -192,7 +192,7 @@ void FrmMain::mnuSet_Click()
 
 void FrmMain::cmdConnect_Click()
 {
-    if (link_.UnitOnline() || link_.InCall() || !CommitEntries())
+    if (link_.UnitOnline() || link_.InCall() || !entries_.CommitEntry())
         return;
     constexpr int PollInterval = 2000;
     const QPointer<QWidget> focus = focusWidget();

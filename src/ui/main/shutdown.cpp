@@ -60,7 +60,7 @@ bool FrmMain::EndSession(bool mayAsk)
 
 bool FrmMain::Form_Unload()
 {
-    if (mayAsk_ && !(CommitEntries() && SaveQuestionAnswered()))
+    if (mayAsk_ && !(entries_.CommitEntry() && SaveQuestionAnswered()))
         return false;
     if (!mayAsk_)
         DropEntries();

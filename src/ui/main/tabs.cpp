@@ -23,7 +23,7 @@ void FrmMain::SSTAB1_Click(int tab)
     if (tab == shownTab_)
         return;
     // Level fields stop the user's own ways to another tab at a bad value; this is for all others.
-    if (link_.InCall() || !CommitEntries()) {
+    if (link_.InCall() || !entries_.CommitEntry()) {
         const QSignalBlocker quietly(SSTAB1_);
         SSTAB1_->setCurrentIndex(shownTab_);
         if (entries_.editing)

@@ -1,3 +1,4 @@
+#include "model/flagguard.h"
 #include "support/ui/consoleundertest.h"
 #include "support/ui/hands.h"
 
@@ -595,7 +596,7 @@ void MasterFaderTest::closingTheDialogOnABadValueTellsItOnceAndDropsIt()
 void MasterFaderTest::nothingIsSentWhileTheProgramItselfSetsControls()
 {
     Console console;
-    const UpdatingGuard updating(console.settings);
+    const FlagGuard updating(console.settings.Updating);
     console.Main()->setValue(50);
     QCOMPARE(console.Wrong("7.0", 29), QString());
     DragTo(console.Main(), 10);
