@@ -36,7 +36,7 @@ allow ui/audio $below ui/dialogs
 allow ui/help $below rtf
 allow ui/main $below ui/dialogs ui/audio ui/optical ui/help
 
-for folder in $core rtf; do
+for folder in $core; do
     if grep -nE '^ *# *include *<(Q|qt)' "$root/$folder"/*; then
         echo "$folder includes the windowing toolkit (above)"
         result=1

@@ -58,6 +58,7 @@ Status UnitLink::RetryFunction(UnitOp op, Word first, Word second)
     Status result = Success;
     const bool reachable = unitOnline_ || op == UnitOp::InitDLL;
     if (reachable && !yielding_) {
+        // A poll tells its calls by its own flag, so that `UnitBusy` stays the sign of every other call.
         const FlagGuard calling(pollActive_ ? pollActive_ : unitBusy_);
         result = CallUpToSixTimes(op, first, second);
     }

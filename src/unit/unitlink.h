@@ -81,7 +81,7 @@ class UnitLink {
     /// Ticks of `tmrPoll` and `tmrRefresh`; the caller keeps them away while a box is open.
     void PollTick();
     /// `mayRead` false: the second counts, and the re-read waits for a later tick.
-    void RefreshTick(bool mayRead = true);
+    void RefreshTick(bool mayRead);
     int RefreshCounter() const { return refreshCounter_; }
 
     /// One direct optical read of the running stream, without retries; a failure goes to `DispErr`.

@@ -233,7 +233,7 @@ TEST_CASE("what the event loop brings during an attempt does not touch the unit"
         CHECK(console.link.UnitBusy());
         CHECK_FALSE(console.link.ConnectToUnit());
         console.link.PollTick();
-        console.link.RefreshTick();
+        console.link.RefreshTick(true);
         console.link.Update();
         console.link.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit);
         console.link.RetryFunction(UnitOp::SetVol);

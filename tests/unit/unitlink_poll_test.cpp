@@ -36,7 +36,7 @@ TEST_CASE("off line neither timer calls the library, and the refresh counter sta
     LinkUnderTest console;
     console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 1};
     console.link.PollTick();
-    console.link.RefreshTick();
+    console.link.RefreshTick(true);
     CHECK(console.Happened().empty());
     CHECK(console.link.RefreshCounter() == 0);
 }
@@ -60,7 +60,7 @@ TEST_CASE("a failing poll gives one box and reads nothing more, whatever ticks w
     console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 1};
     console.view.duringBox = [&] {
         console.link.PollTick();
-        console.link.RefreshTick();
+        console.link.RefreshTick(true);
     };
     console.unit.FailNext("GetFormat", 4, 6);
     console.link.PollTick();
@@ -90,11 +90,11 @@ TEST_CASE("with a period of 10 the configuration is read on every tenth tick")
     console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 10};
     for (int round = 0; round < 3; ++round) {
         for (int tick = 1; tick <= 9; ++tick) {
-            console.link.RefreshTick();
+            console.link.RefreshTick(true);
             CHECK(console.link.RefreshCounter() == tick);
         }
         CHECK(console.Happened().empty());
-        console.link.RefreshTick();
+        console.link.RefreshTick(true);
         CHECK(console.Happened() == ReadBack);
         CHECK(console.link.RefreshCounter() == 0);
     }
@@ -104,7 +104,7 @@ TEST_CASE("without \"Automatic Update\" nothing is counted")
 {
     ConnectedLink console;
     console.settings.Options = {.AutoRefresh = 0, .RefreshSeconds = 1};
-    console.link.RefreshTick();
+    console.link.RefreshTick(true);
     CHECK(console.Happened().empty());
     CHECK(console.link.RefreshCounter() == 0);
 }
@@ -113,7 +113,7 @@ TEST_CASE("a period that was never set reads on every tick")
 {
     ConnectedLink console;
     console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 0};
-    console.link.RefreshTick();
+    console.link.RefreshTick(true);
     CHECK(console.Happened() == ReadBack);
 }
 
@@ -122,10 +122,10 @@ TEST_CASE("a period made shorter than what was counted reads at the next tick")
     ConnectedLink console;
     console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 32767};
     for (int tick = 0; tick < 32766; ++tick)
-        console.link.RefreshTick();
+        console.link.RefreshTick(true);
     CHECK(console.Happened().empty());
     console.settings.Options.RefreshSeconds = 5;
-    console.link.RefreshTick();
+    console.link.RefreshTick(true);
     CHECK(console.Happened() == ReadBack);
 }
 
@@ -134,7 +134,7 @@ TEST_CASE("ticks that fall into a call are not counted")
     ConnectedLink console;
     console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 10};
     console.unit.FailNext("GetUnitVersion", 1, 2);
-    console.view.duringAttempt = [&] { console.link.RefreshTick(); };
+    console.view.duringAttempt = [&] { console.link.RefreshTick(true); };
     console.link.RetryFunction(UnitOp::GetUnitVersion);
     CHECK(console.link.RefreshCounter() == 0);
 }
@@ -144,7 +144,7 @@ TEST_CASE("an automatic re-read that loses the link starts counting anew")
     ConnectedLink console;
     console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 1};
     console.unit.FailNext("GetAudio", 16, 6);
-    console.link.RefreshTick();
+    console.link.RefreshTick(true);
     CHECK(console.link.RefreshCounter() == 0);
     CHECK(console.Lines("box") == Trace{ErrorBox("- Error Communicating Audio Block\n")});
 }

@@ -183,7 +183,7 @@ TEST_CASE("nothing reaches the unit while a report is open: one failure is one b
     console.view.duringBox = [&] {
         CHECK(console.link.InCall());
         console.link.PollTick();
-        console.link.RefreshTick();
+        console.link.RefreshTick(true);
         console.link.Update();
         console.link.UploadToUnit(UploadSelector::Both, UploadTrigger::Unasked);
         console.link.RetryFunction(UnitOp::SetVol);

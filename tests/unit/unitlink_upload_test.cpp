@@ -99,7 +99,7 @@ TEST_CASE("the unit is left alone while the question is open")
     console.settings.Options = {.ConfirmUpload = true, .AutoRefresh = 1};
     console.view.duringBox = [&] {
         console.link.PollTick();
-        console.link.RefreshTick();
+        console.link.RefreshTick(true);
         console.link.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit);
         CHECK_FALSE(console.link.ConnectToUnit());
     };
