@@ -1,3 +1,4 @@
+#include "model/flagguard.h"
 #include "support/ui/consoleundertest.h"
 
 #include <QAbstractItemView>
