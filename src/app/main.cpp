@@ -25,12 +25,6 @@ namespace {
 
 constexpr int BadArguments = 2;
 
-void Print(std::FILE *stream, const QString &text)
-{
-    std::fputs(text.toLocal8Bit().constData(), stream);
-    std::fflush(stream);
-}
-
 int Refuse(const QString &problem)
 {
     Print(stderr, "kelvo-console: " + problem + "\n");
@@ -100,6 +94,8 @@ int Run(int argc, char **argv, const CommandLine &line)
                 session.cancel();
         },
         Qt::DirectConnection);
+    // Told without having been asked, or in spite of the answer: the session is over.
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &window, &FrmMain::LeaveNow);
     if (line.simulate)
         window.AddSimulatorMenu(simulated);
     window.Form_Load();

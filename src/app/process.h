@@ -2,11 +2,19 @@
 
 #include <QStringList>
 
+#include <cstdio>
+
 namespace kelvo {
 
 /// What the process asks of the system before anything else: where its text output goes, from where
 /// libraries may be loaded, and that a window that is waiting for the unit is not taken for a dead one.
 void PrepareProcess();
+
+/// Writes to the standard output or the standard error.
+void Print(std::FILE *stream, const QString &text);
+
+/// False when the system quietly put the file into another folder than its path names.
+bool StandsWhereItWasPut(const QString &path);
 
 /// The command line without the program's own name.
 QStringList ProcessArguments(int argc, char **argv);

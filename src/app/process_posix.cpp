@@ -8,6 +8,17 @@ void PrepareProcess()
 {
 }
 
+void Print(std::FILE *stream, const QString &text)
+{
+    std::fputs(text.toLocal8Bit().constData(), stream);
+    std::fflush(stream);
+}
+
+bool StandsWhereItWasPut(const QString &)
+{
+    return true;
+}
+
 QStringList ProcessArguments(int argc, char **argv)
 {
     QStringList arguments;

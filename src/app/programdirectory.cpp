@@ -1,5 +1,7 @@
 #include "app/programdirectory.h"
 
+#include "app/process.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -13,7 +15,8 @@ namespace {
 /// Tried out: what the folder's rights say does not tell it everywhere.
 bool CanBeWritten(const QString &folder)
 {
-    return QTemporaryFile(QDir(folder).filePath("kelvo-XXXXXX")).open();
+    QTemporaryFile file(QDir(folder).filePath("kelvo-XXXXXX"));
+    return file.open() && StandsWhereItWasPut(file.fileName());
 }
 
 } // namespace

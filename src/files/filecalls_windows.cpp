@@ -1,5 +1,7 @@
 #include "files/filecalls.h"
 
+#include "files/systempath.h"
+
 #include <algorithm>
 #include <array>
 
@@ -10,8 +12,6 @@ namespace kelvo {
 
 namespace {
 
-constexpr std::wstring_view LongPath = L"\\\\?\\";       // in front of a path that may have any length
-constexpr std::wstring_view LongShare = L"\\\\?\\UNC\\"; // in front of a share's, instead of two backslashes
 constexpr DWORD LongestCall = 1 << 30; // bytes in one read or write; the call counts in 32 bits
 
 std::error_code SystemError(DWORD code)
@@ -24,43 +24,13 @@ std::error_code Answer(bool good)
     return good ? std::error_code() : SystemError(GetLastError());
 }
 
-std::wstring Wide(std::string_view text)
-{
-    const int length = MultiByteToWideChar(CP_UTF8, 0, text.data(), int(text.size()), nullptr, 0);
-    std::wstring wide(std::size_t(length), L'\0');
-    MultiByteToWideChar(CP_UTF8, 0, text.data(), int(text.size()), wide.data(), length);
-    return wide;
-}
-
-std::string Narrow(std::wstring_view text)
-{
-    const int length =
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), int(text.size()), nullptr, 0, nullptr, nullptr);
-    std::string narrow(std::size_t(length), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), int(text.size()), narrow.data(), length, nullptr, nullptr);
-    return narrow;
-}
-
-/// The path as the system's wide calls take it: a long one only in its full form behind `LongPath`.
-std::wstring SystemPath(const std::string &path)
-{
-    std::wstring wide = Wide(path);
-    constexpr std::size_t SurelyShort = 240; // the limit is 260, less for a folder's own calls
-    if (wide.size() < SurelyShort || wide.starts_with(LongPath))
-        return wide;
-    std::wstring full(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0');
-    full.resize(GetFullPathNameW(wide.c_str(), DWORD(full.size()), full.data(), nullptr));
-    return full.starts_with(L"\\\\") ? std::wstring(LongShare) + full.substr(2)
-                                     : std::wstring(LongPath) + full;
-}
-
 HANDLE HandleOf(FileHandle file)
 {
     return reinterpret_cast<HANDLE>(file);
 }
 
-std::error_code Open(const std::wstring &path, DWORD access, DWORD sharing, DWORD disposition, DWORD flags,
-                     FileHandle &file)
+std::error_code Open(const std::filesystem::path &path, DWORD access, DWORD sharing, DWORD disposition,
+                     DWORD flags, FileHandle &file)
 {
     const HANDLE handle = CreateFileW(path.c_str(), access, sharing, nullptr, disposition, flags, nullptr);
     file = reinterpret_cast<FileHandle>(handle);
@@ -76,7 +46,7 @@ DWORD CallLength(std::size_t length)
 
 std::error_code FileCalls::Follow(std::string &path) const
 {
-    const std::wstring link = SystemPath(path);
+    const std::filesystem::path link = SystemPath(path);
     const DWORD attributes = GetFileAttributesW(link.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
         return {};
@@ -91,7 +61,7 @@ std::error_code FileCalls::Follow(std::string &path) const
     CloseHandle(HandleOf(file));
     target.resize(length);
     if (!error)
-        path = Narrow(target);
+        path = Utf8(target);
     return error;
 }
 
@@ -147,8 +117,8 @@ std::error_code FileCalls::Rename(const std::string &from, const std::string &to
     // A virus scanner or an indexer opens a new file for some milliseconds and keeps it from being moved.
     constexpr int Attempts = 10;
     constexpr DWORD Milliseconds = 20;
-    const std::wstring source = SystemPath(from);
-    const std::wstring target = SystemPath(to);
+    const std::filesystem::path source = SystemPath(from);
+    const std::filesystem::path target = SystemPath(to);
     for (int attempt = 1;; ++attempt) {
         if (MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
             return {};
@@ -197,7 +167,7 @@ std::string ReasonOf(std::error_code error)
     std::wstring_view reason(words.data(), length);
     while (!reason.empty() && std::wstring_view(L". \r\n").find(reason.back()) != std::wstring_view::npos)
         reason.remove_suffix(1);
-    return reason.empty() ? "system error " + std::to_string(error.value()) : Narrow(reason);
+    return reason.empty() ? "system error " + std::to_string(error.value()) : Utf8(reason);
 }
 
 std::string TemporaryBeside(const std::string &path, int attempt)

@@ -1,9 +1,9 @@
 #include "unit/libraryimage.h"
 
+#include "files/systempath.h"
 #include "model/records.h"
 
 #include <cstdint>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -106,7 +106,7 @@ class WindowsHeaders {
 
 LibraryImage ReadLibraryImage(const std::string &path)
 {
-    std::ifstream file(std::filesystem::path(std::u8string(path.begin(), path.end())), std::ios::binary);
+    std::ifstream file(SystemPath(path), std::ios::binary);
     std::ostringstream bytes;
     bytes << file.rdbuf(); // unlike the iterators it does not throw when the path is a folder
     const Image image(bytes.str());
@@ -116,6 +116,8 @@ LibraryImage ReadLibraryImage(const std::string &path)
     if (image.Half(0) != WindowsMark || image.Whole(mark) != HeadersMark)
         return {};
     const WindowsHeaders headers(image, mark);
+    if (headers.Bits() == 0)
+        return {};
     return {LibraryImage::System::Windows, headers.Bits(), headers.Needs()};
 }
 

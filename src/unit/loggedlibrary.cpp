@@ -1,11 +1,12 @@
 #include "unit/loggedlibrary.h"
 
+#include "files/systempath.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <ctime>
-#include <filesystem>
 #include <system_error>
 
 namespace kelvo {
@@ -35,8 +36,7 @@ std::string TimeStamp(system_clock::time_point now)
 LoggedLibrary::LoggedLibrary(DeviceLibrary &target, const std::string &path) : ForwardedLibrary(target)
 {
     errno = 0;
-    file_.open(std::filesystem::path(std::u8string(path.begin(), path.end())),
-               std::ios::app | std::ios::binary);
+    file_.open(SystemPath(path), std::ios::app | std::ios::binary);
     if (!file_)
         problem_ = std::generic_category().message(errno);
 }

@@ -17,6 +17,7 @@ constexpr auto LibraryReason = "\nReason: ";
 constexpr auto LibraryPlaces = "\n\nLooked for, in this order:";
 
 constexpr auto NeedMissing = "a library that it needs was not found";
+constexpr auto NeedOfOtherKind = "a library that it needs is not for the ";
 constexpr auto NoLibrary = "it is not a library";
 constexpr auto OperationsLacking = "it lacks these operations: ";
 
@@ -71,6 +72,11 @@ std::string LibraryProblem(const std::string &file, const std::string &reason,
 std::string NeedsMissing(const std::vector<std::string> &libraries)
 {
     return libraries.empty() ? NeedMissing : std::string(NeedMissing) + ": " + Joined(libraries);
+}
+
+std::string NeedsOfOtherKind(const std::vector<std::string> &libraries, const LibraryImage &program)
+{
+    return NeedOfOtherKind + KindText(program) + " program: " + Joined(libraries);
 }
 
 std::string OperationsMissing(const std::vector<std::string> &operations)

@@ -55,6 +55,7 @@ std::string LibraryProblem(const std::string &file, const std::string &reason,
 
 // Reasons that end a sentence of the box above.
 std::string NeedsMissing(const std::vector<std::string> &libraries); ///< may be empty: not known which
+std::string NeedsOfOtherKind(const std::vector<std::string> &libraries, const LibraryImage &program);
 std::string OperationsMissing(const std::vector<std::string> &operations);
 std::string WrongKind(const LibraryImage &library, const LibraryImage &program);
 std::string ErrorNumber(int code);

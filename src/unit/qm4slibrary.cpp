@@ -1,5 +1,6 @@
 #include "unit/qm4slibrary.h"
 
+#include "files/systempath.h"
 #include "unit/libraryimage.h"
 #include "unit/messages.h"
 
@@ -61,23 +62,11 @@ consteval std::size_t Op(std::string_view name)
     return row;
 }
 
-fs::path FromUtf8(const std::string &path)
-{
-    return std::u8string(path.begin(), path.end());
-}
-
 /// Relative paths are meant from where the program was started.
 std::string Absolute(const fs::path &path)
 {
     std::error_code ignored; // without a working folder the path is empty and names nothing
-    const std::u8string text = fs::absolute(path, ignored).make_preferred().u8string();
-    return std::string(text.begin(), text.end());
-}
-
-bool Exists(const std::string &path)
-{
-    std::error_code ignored;
-    return fs::exists(FromUtf8(path), ignored);
+    return Utf8(fs::absolute(path, ignored).make_preferred());
 }
 
 } // namespace
@@ -116,7 +105,9 @@ bool Qm4sLibrary::TryLoad()
     places.push_back(choice < ownCandidates ? candidates_[choice] : messages::SystemSearchPath);
 
     const std::string reason = Take(candidates_[choice]);
-    problem_ = reason.empty() ? "" : messages::LibraryProblem(candidates_[choice], reason, places);
+    const bool nowhere = choice >= ownCandidates && !Exists(candidates_[choice]);
+    const std::string file = nowhere ? SharedLibrary::FileName("qm4slib") : candidates_[choice];
+    problem_ = reason.empty() ? "" : messages::LibraryProblem(file, reason, places);
     if (reason.empty() && loaded_)
         loaded_(library_.Path());
     return reason.empty();

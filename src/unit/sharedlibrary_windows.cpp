@@ -1,5 +1,6 @@
 #include "unit/sharedlibrary.h"
 
+#include "files/systempath.h"
 #include "unit/libraryimage.h"
 #include "unit/messages.h"
 
@@ -15,17 +16,6 @@ namespace kelvo {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path FromUtf8(const std::string &path)
-{
-    return std::u8string(path.begin(), path.end());
-}
-
-std::string Utf8(const fs::path &path)
-{
-    const std::u8string text = path.u8string();
-    return std::string(text.begin(), text.end());
-}
 
 HMODULE ModuleOf(void *handle)
 {
@@ -74,47 +64,60 @@ class SearchedFolders {
     std::vector<DLL_DIRECTORY_COOKIE> cookies_;
 };
 
-/// What the system says about an error code, without the line's end and the full stop.
-std::string SystemText(DWORD code)
+/// What the system says about an error code, without the line's end and the full stop; `file` stands for the
+/// file that some of its texts leave a place for.
+std::string SystemText(DWORD code, const std::string &file)
 {
     wchar_t text[512] = L"";
     DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, code,
                                   0, text, DWORD(std::size(text)), nullptr);
     while (length > 0 && std::wstring_view(L"\r\n .").find(text[length - 1]) != std::wstring_view::npos)
         --length;
-    return length > 0 ? Utf8(std::wstring(text, length)) : messages::ErrorNumber(int(code));
+    std::string words = Utf8(std::wstring(text, length));
+    if (const std::size_t place = words.find("%1"); place != std::string::npos)
+        words.replace(place, 2, file);
+    return words.empty() ? messages::ErrorNumber(int(code)) : words;
 }
 
-/// Adds the libraries that the file at `path` needs and that are nowhere, also through those beside it. The
-/// folders of the load that failed must still be searched.
-void AddMissingNeeds(const fs::path &path, std::vector<std::string> &known, std::vector<std::string> &missing)
+/// The libraries that a file needs, also through those beside it, and why each of them would not do.
+struct Needs {
+    std::vector<std::string> known;
+    std::vector<std::string> missing;
+    std::vector<std::string> ofOtherKind;
+};
+
+/// The folders of the load that failed must still be searched.
+void AddNeeds(const std::string &path, Needs &needs)
 {
-    for (const std::string &need : ReadLibraryImage(Utf8(path)).needs) {
-        if (std::ranges::find(known, need) != known.end())
+    for (const std::string &need : ReadLibraryImage(path).needs) {
+        if (std::ranges::find(needs.known, need) != needs.known.end())
             continue;
-        known.push_back(need);
-        const fs::path beside = path.parent_path() / FromUtf8(need);
-        std::error_code ignored;
-        if (fs::exists(beside, ignored)) {
-            AddMissingNeeds(beside, known, missing);
+        needs.known.push_back(need);
+        const std::string beside = Utf8(FromUtf8(path).parent_path() / FromUtf8(need));
+        if (Exists(beside)) {
+            if (ReadLibraryImage(beside).bits != ThisProgram().bits)
+                needs.ofOtherKind.push_back(need);
+            AddNeeds(beside, needs);
         } else if (HMODULE found =
                        LoadLibraryExW(FromUtf8(need).c_str(), nullptr, LOAD_LIBRARY_SEARCH_DEFAULT_DIRS)) {
             FreeLibrary(found);
         } else {
-            missing.push_back(need);
+            needs.missing.push_back(need);
         }
     }
 }
 
-std::string ReasonFor(DWORD code, const fs::path &path)
+std::string ReasonFor(DWORD code, const std::string &path)
 {
-    std::error_code ignored;
-    if (code != ERROR_MOD_NOT_FOUND || !fs::exists(path, ignored))
-        return SystemText(code);
-    std::vector<std::string> known;
-    std::vector<std::string> missing;
-    AddMissingNeeds(path, known, missing);
-    return messages::NeedsMissing(missing);
+    Needs needs;
+    if (Exists(path))
+        AddNeeds(path, needs);
+    const bool someNeedFailed = code == ERROR_MOD_NOT_FOUND && Exists(path);
+    if ((someNeedFailed || code == ERROR_BAD_EXE_FORMAT) && !needs.ofOtherKind.empty())
+        return messages::NeedsOfOtherKind(needs.ofOtherKind, ThisProgram());
+    if (someNeedFailed)
+        return messages::NeedsMissing(needs.missing);
+    return SystemText(code, Utf8(FromUtf8(path).filename()));
 }
 
 } // namespace
@@ -139,18 +142,15 @@ std::vector<std::string> SharedLibrary::OnSystemPath(const std::string &fileName
 }
 
 // The library's needs are looked for beside it, in the system's folder and, for what old installers left
-// there, in the Windows folder and those of PATH. The empty folder takes the working folder out of the
-// searches that the library itself starts later on.
+// there, in the Windows folder and those of PATH.
 std::string SharedLibrary::Load(const std::string &path)
 {
-    const fs::path file = FromUtf8(path).make_preferred();
-    SetDllDirectoryW(L"");
     DWORD modeBefore = 0;
     SetThreadErrorMode(SEM_FAILCRITICALERRORS, &modeBefore); // the reason is told here, not in a system box
     const SearchedFolders searched(SystemFolders());
-    handle_ = LoadLibraryExW(file.c_str(), nullptr,
+    handle_ = LoadLibraryExW(SystemPath(path).make_preferred().c_str(), nullptr,
                              LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
-    const std::string reason = handle_ ? "" : ReasonFor(GetLastError(), file);
+    const std::string reason = handle_ ? "" : ReasonFor(GetLastError(), path);
     SetThreadErrorMode(modeBefore, nullptr);
     return reason;
 }

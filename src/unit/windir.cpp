@@ -1,15 +1,12 @@
 #include "unit/windir.h"
 
-#include <filesystem>
+#include "files/systempath.h"
 
 namespace kelvo {
 
 bool SerialIniMissing()
 {
-    const std::string directory = GetWinDir();
-    const std::filesystem::path path(std::u8string(directory.begin(), directory.end()));
-    std::error_code ignored;
-    return !std::filesystem::exists(path / "kelvoserial.ini", ignored);
+    return !Exists(GetWinDir() + "/kelvoserial.ini");
 }
 
 } // namespace kelvo

@@ -1,6 +1,7 @@
 #include "unit/windir.h"
 
-#include <filesystem>
+#include "files/systempath.h"
+
 #include <windows.h>
 
 namespace kelvo {
@@ -9,8 +10,7 @@ std::string GetWinDir()
 {
     wchar_t directory[MAX_PATH] = L"";
     const UINT length = GetWindowsDirectoryW(directory, MAX_PATH);
-    const std::u8string text = std::filesystem::path(std::wstring(directory, length)).u8string();
-    return std::string(text.begin(), text.end());
+    return Utf8(std::wstring(directory, length));
 }
 
 } // namespace kelvo

@@ -1,6 +1,8 @@
 #include "files/atomicfile.h"
 
+#include "files/systempath.h"
 #include "support/faultycalls.h"
+#include "support/longfolder.h"
 #include "support/testfolder.h"
 #include "support/writers.h"
 
@@ -75,6 +77,19 @@ class FolderFlushAnswers : public FileCalls {
 };
 
 } // namespace
+
+TEST_CASE("a path may be longer than 260 characters")
+{
+    const TestFolder folder;
+    const std::string path = LongFolder(folder) + "/" + std::string(200, 'n') + ".zcf";
+    std::string bytes;
+    REQUIRE(!WriteWhole(path, "first"));
+    REQUIRE(!WriteWhole(path, "second"));
+    REQUIRE(!ReadWhole(path, 100, bytes));
+    CHECK(bytes == "second");
+    CHECK(Exists(path));
+    CHECK(!Exists(path + "x"));
+}
 
 TEST_CASE("whichever call goes wrong, a file is the old one or the new one, whole, and the writer says which")
 {

@@ -58,6 +58,9 @@ class FrmMain final : public QMainWindow, private LinkView {
     bool OpenFile(const QString &path);
     /// The log-off of the PC's session asks: closes, with its questions when `mayAsk`. False calls it off.
     bool EndSession(bool mayAsk);
+    /// The process is about to end, whatever is on the screen: does what a close does last, without a
+    /// question.
+    void LeaveNow();
 
   protected:
     void closeEvent(QCloseEvent *event) override;
@@ -144,6 +147,7 @@ class FrmMain final : public QMainWindow, private LinkView {
     QString PreferencesFile() const;
     bool Form_Unload();
     bool SaveQuestionAnswered();
+    void TidyUp();
     void RevertToSnapshot();
     void WritePreferencesFile();
     void EndConnection();
@@ -196,7 +200,9 @@ class FrmMain final : public QMainWindow, private LinkView {
     bool snapshotTaken_ = false;  ///< "temp.qm4" is this run's
     bool closing_ = false;        ///< a close is being carried out, its questions included
     bool closeRequested_ = false; ///< a close that came during a device call
-    bool mayAsk_ = true;          ///< the closing may show its questions
+    bool mayAsk_ = true;          ///< the closing may show boxes
+    bool sessionEnds_ = false;    ///< the closing is asked for by the log-off
+    bool left_ = false;           ///< the files are tidied and the unit is let go
     QString dialogFile_;          ///< what the file dialogs chose last; "" = nothing
 };
 

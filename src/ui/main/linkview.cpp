@@ -103,7 +103,8 @@ void FrmMain::ShowError(std::string_view title, std::string_view text)
 {
     const std::string titleText(title);
     const std::string boxText(text);
-    Tell(this, {Exclamation, titleText.c_str(), boxText.c_str()});
+    if (mayAsk_)
+        Tell(this, {Exclamation, titleText.c_str(), boxText.c_str()});
     CarryOutClose();
 }
 

@@ -52,10 +52,17 @@ void FrmMain::CarryOutClose()
 
 bool FrmMain::EndSession(bool mayAsk)
 {
+    const QScopedValueRollback ending(sessionEnds_, true);
     const QScopedValueRollback asking(mayAsk_, mayAsk);
     if (frmRef_)
         frmRef_->close();
     return close();
+}
+
+void FrmMain::LeaveNow()
+{
+    mayAsk_ = false;
+    TidyUp();
 }
 
 bool FrmMain::Form_Unload()
@@ -64,13 +71,25 @@ bool FrmMain::Form_Unload()
         return false;
     if (!mayAsk_)
         DropEntries();
-    if (mayAsk_ && snapshotTaken_ && link_.UnitOnline() && kelvo::Ask(this, messages::Revert))
+    // A session that ends waits for the one answer that work depends on, and for no other.
+    const bool mayRevert = mayAsk_ && !sessionEnds_ && snapshotTaken_ && link_.UnitOnline();
+    if (mayRevert && kelvo::Ask(this, messages::Revert))
         RevertToSnapshot();
+    TidyUp();
+    return true;
+}
+
+void FrmMain::TidyUp()
+{
+    if (left_)
+        return;
+    left_ = true;
     if (places_.ownsFiles) {
         QFile::remove(SnapshotFile());
         WritePreferencesFile();
     }
-    EndConnection();
+    if (!link_.InCall())
+        EndConnection();
 
     for (QTimer *timer : findChildren<QTimer *>())
         timer->stop();
@@ -78,7 +97,6 @@ bool FrmMain::Form_Unload()
         if (window != this)
             window->hide();
     }
-    return true;
 }
 
 void FrmMain::DropEntries()

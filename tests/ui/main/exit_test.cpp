@@ -38,7 +38,10 @@ class ExitTest : public QObject {
     void aSecondConsoleLeavesTheFirstOnesFilesAlone();
     void exitIsTheMenusLastItem();
     void theEndOfASessionAsksWhenItMay();
+    void theEndOfASessionAsksForUnsavedWorkAlone();
     void theEndOfASessionThatMayNotAskJustCloses();
+    void theEndOfASessionThatMayNotAskShowsNoLostLink();
+    void aSessionThatEndsDuringAQuestionLeavesUnitAndFilesInOrder();
     void everyWindowGoes();
     void theProgramEndsWithItsWindow();
     void aWindowThatIsTakenAwayMayHoldWhatWasNotTaken_data();
@@ -310,6 +313,16 @@ void ExitTest::theEndOfASessionAsksWhenItMay()
     QVERIFY(console.window->isVisible());
 }
 
+void ExitTest::theEndOfASessionAsksForUnsavedWorkAlone()
+{
+    ConsoleUnderTest console;
+    console.settings.SettingsChanged = true;
+    AnswerSave(console, QMessageBox::No);
+    QVERIFY(console.window->EndSession(true));
+    QVERIFY(console.AllBoxesSeen());
+    QCOMPARE(console.Calls(), End);
+}
+
 void ExitTest::theEndOfASessionThatMayNotAskJustCloses()
 {
     ConsoleUnderTest console;
@@ -318,6 +331,28 @@ void ExitTest::theEndOfASessionThatMayNotAskJustCloses()
     QVERIFY(console.window->EndSession(false));
     QCOMPARE(console.Calls(), End);
     QVERIFY(QFile::exists(console.File("settings.dat")));
+}
+
+void ExitTest::theEndOfASessionThatMayNotAskShowsNoLostLink()
+{
+    ConsoleUnderTest console;
+    console.unit.panel.plugged = false;
+    QVERIFY(console.window->EndSession(false));
+    QVERIFY(!console.window->isVisible());
+    QCOMPARE(console.Calls().back(), "DLLShutdown");
+}
+
+void ExitTest::aSessionThatEndsDuringAQuestionLeavesUnitAndFilesInOrder()
+{
+    ConsoleUnderTest console;
+    console.AnswerNextBox("Revert?", QMessageBox::No, {}, [&console] {
+        console.window->LeaveNow();
+        QCOMPARE(console.Calls(), End);
+        QVERIFY(QFile::exists(console.File("settings.dat")));
+        QVERIFY(!QFile::exists(console.File("temp.qm4")));
+    });
+    QVERIFY(console.window->close());
+    QCOMPARE(console.Calls(), End);
 }
 
 void ExitTest::everyWindowGoes()
