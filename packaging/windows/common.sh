@@ -22,21 +22,23 @@ choose_arch() {
 
 need_compiler() { need cmake ninja-build "g++-mingw-w64-${arch/_/-}-posix"; }
 
-# configure_console [OPTION...]: sets $toolkit and $build, and prepares the console's Windows build there.
+# configure_console: sets $toolkit and $build, and prepares the console's Windows build there.
 configure_console() {
     need_compiler
     need doctest-dev qt6-base-dev-tools
     toolkit=$("$top/packaging/windows/toolkit" "$arch")
     build=$top/build/windows-$arch
+    # What was found in another toolkit stays in the folder's own records.
+    grep -qsF "$toolkit/" "$build/CMakeCache.txt" || rm -rf "$build"
     cmake -S "$top" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
         -DCMAKE_TOOLCHAIN_FILE="$toolkit/lib/cmake/Qt6/qt.toolchain.cmake" \
         -DQT_CHAINLOAD_TOOLCHAIN_FILE="$toolchain" \
         -DQT_HOST_PATH=/usr -DQT_HOST_PATH_CMAKE_DIR=/usr/lib/x86_64-linux-gnu/cmake \
-        -DCMAKE_CROSSCOMPILING_EMULATOR="$top/packaging/windows/wine" >/dev/null
+        -DCMAKE_CROSSCOMPILING_EMULATOR="$top/packaging/windows/wine;$arch" >/dev/null
 }
 
-# 32-bit Wine is a package of another architecture, which a machine's owner has to allow.
-has_wine32() { [ -x /usr/lib/wine/wine ]; }
+# can_run: whether this machine can run programs for $arch; it says why when it cannot.
+can_run() { [ "$bits" -eq 64 ] || "$top/packaging/windows/wine32"; }
 
 # The compiler cache is used where the machine has one.
 if command -v ccache >/dev/null; then

@@ -36,7 +36,13 @@ int Refuse(const QString &problem)
 bool OwnsFiles(QLockFile &lock)
 {
     lock.setStaleLockTime(0);
-    return lock.tryLock(0) || lock.error() != QLockFile::LockFailedError;
+    if (lock.tryLock(0) || lock.error() != QLockFile::LockFailedError)
+        return true;
+    // A lock in this process's own number was left by one that was killed and whose number came up again.
+    qint64 holder = 0;
+    const bool own =
+        lock.getLockInfo(&holder, nullptr, nullptr) && holder == QCoreApplication::applicationPid();
+    return own && lock.removeStaleLockFile() && lock.tryLock(0);
 }
 
 int Run(int argc, char **argv, const CommandLine &line)

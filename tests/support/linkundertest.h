@@ -73,7 +73,10 @@ inline std::string ErrorBox(const std::string &lines)
 }
 
 /// How `DispErr` ends a connection, after its box.
-inline const Trace EndOfConnection{"lamp Off Line", "frames off", "DLLShutdown", "stop running stream"};
+inline Trace EndOfConnection()
+{
+    return {"lamp Off Line", "frames off", "DLLShutdown", "stop running stream"};
+}
 
 } // namespace kelvo
 

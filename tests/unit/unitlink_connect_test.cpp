@@ -116,7 +116,7 @@ TEST_CASE("a library that cannot be opened: six attempts, one box, Updating stay
                                        "progress: Connecting to Cinema Processor.", "hide versions"},
                                       attempts,
                                       {NoConnection},
-                                      EndOfConnection}));
+                                      EndOfConnection()}));
     CHECK(console.settings.Updating);
     CHECK_FALSE(console.link.Polling());
     CHECK_FALSE(console.link.UnitOnline());
@@ -148,7 +148,7 @@ TEST_CASE("a refused unit: its versions show, the box names the cause, the link 
           Join({Opening,
                 {"GetUnitVersion",
                  "versions CPU Version: 1.05.0076 | DSP Controller: 1.03 | DSP Firmware: 1.09", Refusal},
-                EndOfConnection}));
+                EndOfConnection()}));
     CHECK(console.settings.Updating);
     CHECK_FALSE(console.link.Polling());
     CHECK_FALSE(console.link.ConnectionAccepted());
@@ -190,7 +190,7 @@ TEST_CASE("768 six times while opening is no connection: one box, and the librar
         CHECK_FALSE(console.link.Polling());
         const Trace happened = console.Happened();
         const Trace end(happened.end() - 6, happened.end());
-        CHECK(end == Join({{"no stream", NoConnection}, EndOfConnection}));
+        CHECK(end == Join({{"no stream", NoConnection}, EndOfConnection()}));
         CHECK(std::ranges::count(happened, NoConnection) == 1);
     }
 }

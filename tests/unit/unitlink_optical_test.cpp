@@ -55,7 +55,7 @@ TEST_CASE("any other failure of an optical read is reported at once and ends the
         console.unit.FailNext(read.operation, 256, 1);
         CHECK(read.read(console.link, readings) == 256);
         CHECK(console.Happened() ==
-              Join({{read.operation, ErrorBox("- Error during streaming\n")}, EndOfConnection}));
+              Join({{read.operation, ErrorBox("- Error during streaming\n")}, EndOfConnection()}));
         CHECK_FALSE(console.link.UnitOnline());
     }
 }
@@ -70,7 +70,7 @@ TEST_CASE("ticks of the stream while its failure is being reported read nothing:
             CHECK(read.read(console.link, readings) == StreamNotLocked);
     };
     CHECK(Reads[0].read(console.link, readings) == 1);
-    CHECK(console.Happened() == Join({{"GetOptGain", ErrorBox("- Serial Port Error\n")}, EndOfConnection}));
+    CHECK(console.Happened() == Join({{"GetOptGain", ErrorBox("- Serial Port Error\n")}, EndOfConnection()}));
 }
 
 TEST_CASE("a good optical read fills the caller's record and shows nothing")

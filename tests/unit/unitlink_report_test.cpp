@@ -53,7 +53,7 @@ TEST_CASE("each error bit has its line")
         CAPTURE(bit);
         ConnectedLink console;
         console.link.DispErr(Bit(bit));
-        CHECK(console.Happened() == Join({{ErrorBox(ErrorLines[std::size_t(bit)])}, EndOfConnection}));
+        CHECK(console.Happened() == Join({{ErrorBox(ErrorLines[std::size_t(bit)])}, EndOfConnection()}));
     }
 }
 
@@ -67,7 +67,7 @@ TEST_CASE("all bits together are listed in rising order")
                           "- Invalid response from unit\n- Could Not Initialise\n"
                           "- Error during ASCII command\n- Error during streaming\n"
                           "- Data is not as requested\n- Current OS is not compatable\n")},
-                EndOfConnection}));
+                EndOfConnection()}));
 }
 
 TEST_CASE("bits 11 to 15 add no line: header and end stand alone")
@@ -76,7 +76,7 @@ TEST_CASE("bits 11 to 15 add no line: header and end stand alone")
         CAPTURE(bit);
         ConnectedLink console;
         console.link.DispErr(Bit(bit));
-        CHECK(console.Happened() == Join({{ErrorBox("")}, EndOfConnection}));
+        CHECK(console.Happened() == Join({{ErrorBox("")}, EndOfConnection()}));
     }
 }
 
@@ -113,7 +113,7 @@ TEST_CASE("bits 8 and 9 with any other bit are a link failure, not 768")
     console.link.DispErr(StreamNotLocked | 1);
     CHECK(console.Happened() == Join({{ErrorBox("- Serial Port Error\n- Error during streaming\n"
                                                 "- Data is not as requested\n")},
-                                      EndOfConnection}));
+                                      EndOfConnection()}));
 }
 
 TEST_CASE("768 from a control call after six attempts keeps the link, the lamp in doubt")
@@ -138,7 +138,7 @@ TEST_CASE("0 ends the connection silently")
 {
     ConnectedLink console;
     console.link.DispErr(Success);
-    CHECK(console.Happened() == EndOfConnection);
+    CHECK(console.Happened() == EndOfConnection());
     CHECK_FALSE(console.link.UnitOnline());
     CHECK_FALSE(console.link.ConnectionAccepted());
 }
@@ -148,7 +148,7 @@ TEST_CASE("before a connection was accepted the report says only that there is n
     LinkUnderTest console;
     console.link.DispErr(7);
     CHECK(console.Happened() ==
-          Join({{"box Connection Error: Unable to connect to unit!"}, EndOfConnection}));
+          Join({{"box Connection Error: Unable to connect to unit!"}, EndOfConnection()}));
 }
 
 TEST_CASE("the link is still on line and accepted while its report is open, and off line after it")
@@ -172,7 +172,7 @@ TEST_CASE("the status of the closing DLLShutdown is ignored")
     ConnectedLink console;
     console.unit.FailNext("DLLShutdown", 1, 1);
     console.link.DispErr(1);
-    CHECK(console.Happened() == Join({{ErrorBox("- Serial Port Error\n")}, EndOfConnection}));
+    CHECK(console.Happened() == Join({{ErrorBox("- Serial Port Error\n")}, EndOfConnection()}));
 }
 
 TEST_CASE("nothing reaches the unit while a report is open: one failure is one box")
@@ -191,7 +191,7 @@ TEST_CASE("nothing reaches the unit while a report is open: one failure is one b
         CHECK_FALSE(console.link.ConnectToUnit());
     };
     console.link.DispErr(1);
-    CHECK(console.Happened() == Join({{ErrorBox("- Serial Port Error\n")}, EndOfConnection}));
+    CHECK(console.Happened() == Join({{ErrorBox("- Serial Port Error\n")}, EndOfConnection()}));
     CHECK_FALSE(console.link.InCall());
 }
 
@@ -204,7 +204,7 @@ TEST_CASE("the handler that stops a running stream finds the link off line: its 
         console.link.RetryFunction(UnitOp::SelectFormat);
     };
     console.link.DispErr(1);
-    CHECK(console.Happened() == Join({{ErrorBox("- Serial Port Error\n")}, EndOfConnection}));
+    CHECK(console.Happened() == Join({{ErrorBox("- Serial Port Error\n")}, EndOfConnection()}));
 }
 
 TEST_CASE("the lamp: off line and on line set the link's state, in doubt leaves it")

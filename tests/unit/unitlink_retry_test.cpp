@@ -123,7 +123,7 @@ TEST_CASE("six failures in a row: six attempts, six pauses, the lamp, the report
         Trace expected;
         for (int failures = 1; failures <= 6; ++failures)
             expected = Join({expected, {operation.call}, AfterFailure(operation, failures)});
-        expected = Join({expected, {ErrorBox("- Error Receiving\n")}, EndOfConnection});
+        expected = Join({expected, {ErrorBox("- Error Receiving\n")}, EndOfConnection()});
         CHECK(console.Happened() == expected);
         CHECK(console.clock.paused == std::chrono::milliseconds(1800));
         CHECK_FALSE(console.link.UnitOnline());
