@@ -91,9 +91,4 @@ std::string WrongKind(const LibraryImage &library, const LibraryImage &program)
     return "it is a " + KindText(library) + " library, this is the " + KindText(program) + " program";
 }
 
-std::string ErrorNumber(int code)
-{
-    return "error " + std::to_string(code);
-}
-
 } // namespace kelvo::messages

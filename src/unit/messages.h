@@ -58,6 +58,5 @@ std::string NeedsMissing(const std::vector<std::string> &libraries); ///< may be
 std::string NeedsOfOtherKind(const std::vector<std::string> &libraries, const LibraryImage &program);
 std::string OperationsMissing(const std::vector<std::string> &operations);
 std::string WrongKind(const LibraryImage &library, const LibraryImage &program);
-std::string ErrorNumber(int code);
 
 } // namespace kelvo::messages

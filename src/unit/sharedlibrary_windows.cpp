@@ -1,5 +1,6 @@
 #include "unit/sharedlibrary.h"
 
+#include "files/filecalls.h"
 #include "files/systempath.h"
 #include "unit/libraryimage.h"
 #include "unit/messages.h"
@@ -64,19 +65,14 @@ class SearchedFolders {
     std::vector<DLL_DIRECTORY_COOKIE> cookies_;
 };
 
-/// What the system says about an error code, without the line's end and the full stop; `file` stands for the
-/// file that some of its texts leave a place for.
+/// What the system says about an error code; `file` stands for the file that some of its texts leave a place
+/// for.
 std::string SystemText(DWORD code, const std::string &file)
 {
-    wchar_t text[512] = L"";
-    DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, code,
-                                  0, text, DWORD(std::size(text)), nullptr);
-    while (length > 0 && std::wstring_view(L"\r\n .").find(text[length - 1]) != std::wstring_view::npos)
-        --length;
-    std::string words = Utf8(std::wstring(text, length));
+    std::string words = ReasonOf({int(code), std::system_category()});
     if (const std::size_t place = words.find("%1"); place != std::string::npos)
         words.replace(place, 2, file);
-    return words.empty() ? messages::ErrorNumber(int(code)) : words;
+    return words;
 }
 
 /// The libraries that a file needs, also through those beside it, and why each of them would not do.
