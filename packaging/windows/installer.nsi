@@ -9,6 +9,7 @@ SetCompressor /SOLID lzma
 ManifestDPIAware true
 
 !include MUI2.nsh
+!include LogicLib.nsh
 
 !define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall\KelvoConsole"
 !define CLASSES "Software\Classes"
@@ -42,6 +43,8 @@ Section
   File /r "${FOLDER}/*"
   WriteUninstaller "$INSTDIR\uninstall.exe"
   CreateShortcut "$SMPROGRAMS\Kelvo Console.lnk" "$INSTDIR\kelvo-console.exe"
+  ; Where qm4slib.dll has to go; the folder is hidden from most users.
+  CreateShortcut "$SMPROGRAMS\Kelvo Console, program folder.lnk" "$INSTDIR"
 
   WriteRegStr HKCU "${CLASSES}\.zcf" "" "KelvoConsole.Settings"
   WriteRegStr HKCU "${CLASSES}\KelvoConsole.Settings" "" "Cinema processor settings"
@@ -59,14 +62,23 @@ SectionEnd
 
 ; What the user put into the folder stays: the device library, settings.dat, configuration files.
 Section Uninstall
+  ClearErrors
   Delete "$INSTDIR\kelvo-console.exe"
+  ${If} ${Errors}
+    MessageBox MB_OK|MB_ICONEXCLAMATION "Kelvo Console is still running. Close it, then uninstall again." /SD IDOK
+    Abort
+  ${EndIf}
   Delete "$INSTDIR\Zentra-HELP.rtf"
   Delete "$INSTDIR\README.txt"
   RMDir /r "$INSTDIR\licences"
   Delete "$INSTDIR\uninstall.exe"
   RMDir "$INSTDIR"
   Delete "$SMPROGRAMS\Kelvo Console.lnk"
-  DeleteRegKey HKCU "${CLASSES}\.zcf"
+  Delete "$SMPROGRAMS\Kelvo Console, program folder.lnk"
+  ReadRegStr $0 HKCU "${CLASSES}\.zcf" ""
+  ${If} $0 == "KelvoConsole.Settings" ; another program may have taken the files over
+    DeleteRegKey HKCU "${CLASSES}\.zcf"
+  ${EndIf}
   DeleteRegKey HKCU "${CLASSES}\KelvoConsole.Settings"
   DeleteRegKey HKCU "${UNINSTALL}"
 SectionEnd
