@@ -15,6 +15,9 @@ inline constexpr std::array<Text, ChannelCount> ChannelTitle{"Left Channel",   "
                                                              "Center Channel", "Right Surround Channel",
                                                              "Right Channel",  "Subwoofer Channel"};
 
+// The names of a single channel's stored equaliser (`ChannelSection`, `BandKey`, `SurroundBandKey`) and the
+// second channel numbering are part of the console's vocabulary, tested, but nothing here uses them yet.
+
 /// Section names of a single channel's stored equaliser.
 /// Deliberate: the surrounds put "Surround" before the side, unlike `ChannelTitle`.
 inline constexpr std::array<Text, ChannelCount> ChannelSection{"Channel Left",   "Channel Surround Left",

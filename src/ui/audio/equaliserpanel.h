@@ -27,7 +27,6 @@ class EqualiserPanel : public QWidget {
     EqualiserPanel(Settings &settings, UnitLink &link, EntryWindow &entries, MuteButtons &mute,
                    MasterFader &fader, QWidget *faderFrame);
 
-    int CurrentChannel() const { return currentChannel_; }
     /// The current channel's sliders into its record; a byte whose nearest position is where its slider
     /// stands keeps its value.
     void SaveChannelData();

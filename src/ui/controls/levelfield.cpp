@@ -7,7 +7,6 @@
 #include <QApplication>
 #include <QHideEvent>
 #include <QKeyEvent>
-#include <QStyle>
 #include <QStyleOptionFrame>
 #include <QTabBar>
 #include <QTabWidget>

@@ -42,8 +42,6 @@ class LevelPair : public QObject {
     /// Shows a position quietly: nothing is stored or sent. A field being typed in keeps its text.
     /// Positions outside the range show the nearest end.
     void ShowPosition(int position);
-    /// Takes the typed text. False after a bad value: its message has been shown.
-    bool Validate() { return field_->Validate(); }
 
   private:
     void TakeSteps(int steps);

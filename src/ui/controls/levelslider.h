@@ -18,7 +18,6 @@ class LevelSlider : public QSlider {
     LevelSlider(const LevelRule &rule, EntryWindow &entries);
     ~LevelSlider() override;
 
-    const LevelRule &Rule() const { return rule_; }
     /// Shows a position without a signal of the four below; beyond the range it shows the nearest end.
     void ShowPosition(int position);
     /// What a key or the wheel does with its number of positions; without it the slider itself moves.

