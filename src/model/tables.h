@@ -11,6 +11,9 @@ namespace kelvo {
 
 using Text = const char *;
 
+inline constexpr std::array<Text, ChannelCount> ChannelName{"Left",           "Left Surround", "Center",
+                                                            "Right Surround", "Right",         "Subwoofer"};
+
 inline constexpr std::array<Text, ChannelCount> ChannelTitle{"Left Channel",   "Left Surround Channel",
                                                              "Center Channel", "Right Surround Channel",
                                                              "Right Channel",  "Subwoofer Channel"};

@@ -1,6 +1,7 @@
 #include "ui/audio/bandframe.h"
 
 #include "ui/controls/levelboard.h"
+#include "ui/controls/named.h"
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -43,7 +44,7 @@ BandFrame::BandFrame(const Names &names, std::span<const char *const> frequencie
                      const LevelPair::Actions &actions)
     : frequencies_(frequencies)
 {
-    setObjectName(names.frame);
+    Named(this, names.frame);
     auto *board = new LevelBoard(HalfDecibelMarks());
     for (std::size_t i = 0; i < frequencies.size(); ++i) {
         auto *pair =
@@ -81,12 +82,6 @@ void BandFrame::ShowChannel(const QString &channel)
     setTitle(channel);
     for (std::size_t i = 0; i < pairs_.size(); ++i)
         pairs_[i]->SetAccessibleName(QString("%1, %2, dB").arg(channel, frequencies_[i]));
-}
-
-void BandFrame::Show(const ChannelSlice &slice)
-{
-    for (std::size_t i = 0; i < pairs_.size(); ++i)
-        pairs_[i]->ShowPosition(slice.Band[i]);
 }
 
 } // namespace kelvo

@@ -1,18 +1,12 @@
 #pragma once
 
-#include "model/records.h"
-#include "ui/controls/levelpair.h"
-
-#include <QGroupBox>
-
-#include <span>
-#include <vector>
+#include "ui/audio/channelframe.h"
 
 namespace kelvo {
 
 /// A graphic equaliser: one pair a band side by side, the frequencies under them, the curve behind.
 /// `frmBandA` has 27 bands, `frmBandB` nine; its title is the name of the channel it shows.
-class BandFrame : public QGroupBox {
+class BandFrame : public ChannelFrame {
     Q_OBJECT
 
   public:
@@ -26,15 +20,12 @@ class BandFrame : public QGroupBox {
     BandFrame(const Names &names, std::span<const char *const> frequencies, EntryWindow &entries,
               const LevelPair::Actions &actions);
 
-    std::span<LevelPair *const> Pairs() const { return pairs_; }
-    void ShowChannel(const QString &channel);
-    void Show(const ChannelSlice &slice);
+    void ShowChannel(const QString &channel) override;
 
   private:
     void AddBand(LevelPair *pair, const QString &frequency, class LevelBoard &board);
 
     std::span<const char *const> frequencies_;
-    std::vector<LevelPair *> pairs_;
 };
 
 extern const std::span<const char *const> ThirdOctaves; ///< of `frmBandA`

@@ -18,8 +18,6 @@ namespace kelvo {
 
 namespace {
 
-constexpr std::array<const char *, ChannelCount> ChannelCaption{
-    "Left", "Left Surround", "Center", "Right Surround", "Right", "Subwoofer"};
 constexpr std::array<char, ChannelCount> ChannelKey{'l', 'p', 'c', 'q', 'r', 'e'};
 
 /// Takes a slider's position into its byte. A byte beyond the slider's range is kept while the slider stands
@@ -42,18 +40,17 @@ EqualiserPanel::EqualiserPanel(Settings &settings, UnitLink &link, EntryWindow &
       faderFrame_(faderFrame)
 {
     const LevelPair::Actions apply{[this](int) { StoreChange(); }, [this] { Upload(); }};
-    frmBandA_ = new BandFrame({"frmBandA", "lblBand", "sclA"}, ThirdOctaves, entries, apply);
-    frmBandB_ = new BandFrame({"frmBandB", "lblLSRSv", "sclB"}, Octaves, entries, apply);
-    frmBass_ = new SubBassFrame(entries, apply,
-                                [this](SubwooferByte byte, int index) { optSub_Click(byte, index); });
-    gain_ = {frmBass_->Gain()};
+    auto *frmBandA = new BandFrame({"frmBandA", "lblBand", "sclA"}, ThirdOctaves, entries, apply);
+    auto *frmBandB = new BandFrame({"frmBandB", "lblLSRSv", "sclB"}, Octaves, entries, apply);
+    auto *frmBass = new SubBassFrame(entries, apply,
+                                     [this](SubwooferByte byte, int index) { optSub_Click(byte, index); });
+    frames_ = {frmBandA, frmBandB, frmBass};
     bass_ = new LevelPair(ShelfRule, entries, {"lblBass", "sclBass"}, apply, this);
     treble_ = new LevelPair(ShelfRule, entries, {"lblTreb", "sclTreb"}, apply, this);
     JoinNeighbours(std::array{bass_, treble_});
 
     bandArea_ = new QStackedWidget;
-    for (QWidget *frame : {static_cast<QWidget *>(frmBandA_), static_cast<QWidget *>(frmBandB_),
-                           static_cast<QWidget *>(frmBass_)})
+    for (ChannelFrame *frame : frames_)
         bandArea_->addWidget(frame);
 
     auto *grid = new QGridLayout(this);
@@ -66,8 +63,8 @@ EqualiserPanel::EqualiserPanel(Settings &settings, UnitLink &link, EntryWindow &
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(1, 1);
     ChainTabs();
-    frmBandB_->ShowChannel(ChannelTitle[LeftSurround]);
-    frmBass_->ShowChannel(ChannelTitle[Subwoofer]);
+    frmBandB->ShowChannel(ChannelTitle[LeftSurround]);
+    frmBass->ShowChannel(ChannelTitle[Subwoofer]);
     ReflectChannelButtons();
     ShowChannelPanel();
     LoadChannelData();
@@ -79,7 +76,7 @@ QWidget *EqualiserPanel::BuildChannelButtons()
     auto *columns = new QHBoxLayout(row);
     columns->setContentsMargins(0, 0, 0, 0);
     for (int channel = 0; channel < ChannelCount; ++channel) {
-        auto *button = Named(new StateButton(ChannelCaption[std::size_t(channel)]), "cmdEQChan", channel);
+        auto *button = Named(new StateButton(ChannelName[std::size_t(channel)]), "cmdEQChan", channel);
         connect(button, &QPushButton::clicked, this, [this, channel] { cmdEQChan_Click(channel); });
         columns->addWidget(button);
         cmdEQChan_[std::size_t(channel)] = button;
@@ -134,11 +131,11 @@ void EqualiserPanel::ChainTabs()
         sequence.push_back(pair->Slider());
         sequence.push_back(pair->Field());
     };
-    for (const BandFrame *frame : {frmBandA_, frmBandB_})
+    for (const ChannelFrame *frame : frames_) {
         std::ranges::for_each(frame->Pairs(), add);
-    add(frmBass_->Gain());
-    for (QAbstractButton *option : frmBass_->findChildren<QAbstractButton *>())
-        sequence.push_back(option);
+        for (QAbstractButton *option : frame->findChildren<QAbstractButton *>())
+            sequence.push_back(option);
+    }
     add(bass_);
     add(treble_);
     for (QWidget *control : faderFrame_->findChildren<QWidget *>(Qt::FindDirectChildrenOnly))
@@ -173,41 +170,16 @@ void EqualiserPanel::ReflectChannelButtons()
 void EqualiserPanel::ShowChannelPanel()
 {
     const QString title = ChannelTitle[std::size_t(currentChannel_)];
-    switch (KindOf(currentChannel_)) {
-    case ChannelKind::Screen:
-        frmBandA_->ShowChannel(title);
-        bandArea_->setCurrentWidget(frmBandA_);
-        break;
-    case ChannelKind::Surround:
-        frmBandB_->ShowChannel(title);
-        bandArea_->setCurrentWidget(frmBandB_);
-        break;
-    case ChannelKind::Subwoofer:
-        frmBass_->ShowChannel(title);
-        bandArea_->setCurrentWidget(frmBass_);
-        break;
-    }
+    Frame().ShowChannel(title);
+    bandArea_->setCurrentWidget(&Frame());
     bass_->SetAccessibleName(title + ", bass, dB");
     treble_->SetAccessibleName(title + ", treble, dB");
-}
-
-std::span<LevelPair *const> EqualiserPanel::ShownPairs() const
-{
-    switch (KindOf(currentChannel_)) {
-    case ChannelKind::Screen:
-        return frmBandA_->Pairs();
-    case ChannelKind::Surround:
-        return frmBandB_->Pairs();
-    case ChannelKind::Subwoofer:
-        return gain_;
-    }
-    return {};
 }
 
 void EqualiserPanel::SaveChannelData()
 {
     ChannelSlice &slice = Slice();
-    const auto pairs = ShownPairs();
+    const auto pairs = Frame().Pairs();
     for (std::size_t i = 0; i < pairs.size(); ++i)
         Store(slice.Band[i], *pairs[i]);
     Store(slice.BassLevel, *bass_);
@@ -217,17 +189,7 @@ void EqualiserPanel::SaveChannelData()
 void EqualiserPanel::LoadChannelData()
 {
     const ChannelSlice &slice = Slice();
-    switch (KindOf(currentChannel_)) {
-    case ChannelKind::Screen:
-        frmBandA_->Show(slice);
-        break;
-    case ChannelKind::Surround:
-        frmBandB_->Show(slice);
-        break;
-    case ChannelKind::Subwoofer:
-        frmBass_->Show(slice);
-        break;
-    }
+    Frame().Show(slice);
     bass_->ShowPosition(slice.BassLevel);
     treble_->ShowPosition(slice.TrebleLevel);
 }
@@ -294,7 +256,7 @@ void EqualiserPanel::PasteChannelData(int source)
         pair.ShowPosition(position);
         into = Byte(pair.Position());
     };
-    const auto pairs = ShownPairs();
+    const auto pairs = Frame().Pairs();
     for (std::size_t i = 0; i < pairs.size(); ++i)
         paste(*pairs[i], from.Band[i], to.Band[i]);
     paste(*bass_, from.BassLevel, to.BassLevel);

@@ -64,8 +64,7 @@ class EqualiserPanel : public QWidget {
     void PasteChannelData(int source);
     void SetEQPinkNoise(bool on);
     ChannelSlice &Slice() { return settings_.Audio.ChannelEq[std::size_t(currentChannel_)]; }
-    /// The pairs of the channel's own panel; a slice's first bytes are theirs, in this order.
-    std::span<LevelPair *const> ShownPairs() const;
+    ChannelFrame &Frame() { return *frames_[std::size_t(KindOf(currentChannel_))]; }
 
     Settings &settings_;
     UnitLink &link_;
@@ -76,10 +75,7 @@ class EqualiserPanel : public QWidget {
 
     std::array<StateButton *, ChannelCount> cmdEQChan_{};
     QStackedWidget *bandArea_;
-    BandFrame *frmBandA_;
-    BandFrame *frmBandB_;
-    SubBassFrame *frmBass_;
-    std::array<LevelPair *, 1> gain_{};
+    std::array<ChannelFrame *, 3> frames_{}; ///< index = `ChannelKind`
     LevelPair *bass_;
     LevelPair *treble_;
     ToggleButton *cmdPink_;

@@ -20,12 +20,6 @@ namespace {
 
 enum Row { NameRow = LevelBoard::SliderRow - 1, FieldRow = LevelBoard::SliderRow + 1, NoiseRow, PhaseRow };
 
-/// Over the sliders "Channel" goes without saying.
-QString ShortTitle(int channel)
-{
-    return QString(ChannelTitle[std::size_t(channel)]).remove(" Channel");
-}
-
 /// Six columns stand side by side in the smallest window: a toggle there is as narrow as the wider one of its
 /// captions lets it be.
 ToggleButton *NarrowToggle(const char *on, const char *off)
@@ -84,22 +78,22 @@ QWidget *OutputTrimPanel::BuildChannels()
 
 void OutputTrimPanel::BuildColumn(int channel, LevelBoard &board)
 {
-    const QString title = ShortTitle(channel);
+    const QString name = ChannelName[std::size_t(channel)];
     auto *trim = new LevelPair(HalfDecibelRule, entries_, {"lblPNG", "sclPNG", channel},
                                {[this, channel](int) { StoreTrim(channel); }, [this] { Upload(); }}, this);
-    trim->SetAccessibleName(title + ", output trim, dB");
+    trim->SetAccessibleName(name + ", output trim, dB");
     auto *cmdPN = Named(NarrowToggle("On", "Off"), "cmdPN", channel);
-    cmdPN->setAccessibleName(title + ", pink noise");
+    cmdPN->setAccessibleName(name + ", pink noise");
     auto *cmdPhase = Named(NarrowToggle("Inverted", "In Phase"), "cmdPhase", channel);
-    cmdPhase->setAccessibleName(title + ", phase");
+    cmdPhase->setAccessibleName(name + ", phase");
     connect(cmdPN, &QPushButton::clicked, this, [this, channel] { cmdPN_Click(channel); });
     connect(cmdPhase, &QPushButton::clicked, this, [this, channel] { cmdPhase_Click(channel); });
 
     const int column = channel + 1;
     board.Add(trim->Slider(), column);
-    auto *name = new QLabel(QString(title).replace(' ', '\n'));
-    name->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
-    board.Grid()->addWidget(name, NameRow, column);
+    auto *label = new QLabel(QString(name).replace(' ', '\n'));
+    label->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+    board.Grid()->addWidget(label, NameRow, column);
     board.Grid()->addWidget(trim->Field(), FieldRow, column, Qt::AlignHCenter);
     board.Grid()->addWidget(cmdPN, NoiseRow, column);
     board.Grid()->addWidget(cmdPhase, PhaseRow, column);

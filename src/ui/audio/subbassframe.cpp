@@ -21,13 +21,14 @@ constexpr std::array<const char *, 3> WidthNames{"1/3 octave", "2/3 octave", "1 
 
 SubBassFrame::SubBassFrame(EntryWindow &entries, LevelPair::Actions gain,
                            std::function<void(SubwooferByte byte, int index)> choose)
-    : choose_(std::move(choose)),
-      gain_(new LevelPair(HalfDecibelRule, entries, {"lblGain", "sclGain"}, std::move(gain), this))
+    : choose_(std::move(choose))
 {
-    setObjectName("frmBass");
+    Named(this, "frmBass");
+    auto *pair = new LevelPair(HalfDecibelRule, entries, {"lblGain", "sclGain"}, std::move(gain), this);
+    pairs_.push_back(pair);
     auto *board = new LevelBoard(HalfDecibelMarks());
-    board->Add(gain_->Slider(), 1);
-    board->Grid()->addWidget(gain_->Field(), LevelBoard::SliderRow + 1, 1, Qt::AlignHCenter);
+    board->Add(pair->Slider(), 1);
+    board->Grid()->addWidget(pair->Field(), LevelBoard::SliderRow + 1, 1, Qt::AlignHCenter);
     auto *gainFrame = new QGroupBox("Gain");
     (new QVBoxLayout(gainFrame))->addWidget(board);
 
@@ -58,14 +59,14 @@ QGroupBox *SubBassFrame::BuildOptions(const char *name, const QString &title,
 void SubBassFrame::ShowChannel(const QString &channel)
 {
     setTitle(channel);
-    gain_->SetAccessibleName(channel + ", gain, dB");
+    pairs_.front()->SetAccessibleName(channel + ", gain, dB");
 }
 
 void SubBassFrame::Show(const ChannelSlice &slice)
 {
     ShowChoice(optBand_, slice.Band[SubWidth]);
     ShowChoice(optSPB_, slice.Band[SubFreq]);
-    gain_->ShowPosition(slice.Band[SubGain]);
+    ChannelFrame::Show(slice);
 }
 
 } // namespace kelvo

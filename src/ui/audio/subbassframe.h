@@ -1,17 +1,15 @@
 #pragma once
 
-#include "model/records.h"
-#include "ui/controls/levelpair.h"
+#include "ui/audio/channelframe.h"
 
 #include <QButtonGroup>
-#include <QGroupBox>
 
 #include <functional>
 
 namespace kelvo {
 
 /// The frame `frmBass`: the subwoofer's one-band parametric equaliser.
-class SubBassFrame : public QGroupBox {
+class SubBassFrame : public ChannelFrame {
     Q_OBJECT
 
   public:
@@ -19,17 +17,15 @@ class SubBassFrame : public QGroupBox {
     SubBassFrame(EntryWindow &entries, LevelPair::Actions gain,
                  std::function<void(SubwooferByte byte, int index)> choose);
 
-    LevelPair *Gain() const { return gain_; }
-    void ShowChannel(const QString &channel);
+    void ShowChannel(const QString &channel) override;
     /// A width or frequency beyond the buttons shows no choice.
-    void Show(const ChannelSlice &slice);
+    void Show(const ChannelSlice &slice) override;
 
   private:
     QGroupBox *BuildOptions(const char *name, const QString &title, std::span<const char *const> captions,
                             SubwooferByte byte, QButtonGroup *&group);
 
     std::function<void(SubwooferByte byte, int index)> choose_;
-    LevelPair *gain_;
     QButtonGroup *optBand_ = nullptr;
     QButtonGroup *optSPB_ = nullptr;
 };

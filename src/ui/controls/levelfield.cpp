@@ -74,7 +74,7 @@ void LevelField::Refuse()
 {
     refusing_ = true;
     setFocus();
-    Tell(window(), {Exclamation, RangeCheckTitle, rule_.rangeMessage});
+    Tell(window(), {Exclamation, messages::RangeCheckTitle, rule_.rangeMessage});
     refusing_ = false;
     selectAll();
 }

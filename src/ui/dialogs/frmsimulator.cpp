@@ -80,7 +80,7 @@ QString ChannelNames(const std::array<bool, ChannelCount> &chosen)
     QStringList names;
     for (std::size_t channel = 0; channel < chosen.size(); ++channel)
         if (chosen[channel])
-            names += QString(ChannelTitle[channel]).section(" Channel", 0, 0);
+            names += ChannelName[channel];
     return names.join(", ");
 }
 

@@ -4,9 +4,9 @@
 
 #include <array>
 
-namespace kelvo {
+namespace kelvo::messages {
 
-// Every text of the optical, OBE and options tabs.
+// The texts of the optical, OBE and options tabs that come and go or are chosen from.
 
 inline constexpr const char *CaptionOn = "On";
 inline constexpr const char *CaptionOff = "Off";
@@ -49,4 +49,4 @@ inline constexpr std::array<F1Caption, 4> F1Captions{{
 /// On `cmdMode(0)` when the unit's F1 key selects something that has no option here.
 inline constexpr const char *F1Unknown = "Mono";
 
-} // namespace kelvo
+} // namespace kelvo::messages

@@ -1,5 +1,6 @@
 #include "ui/optical/obepanel.h"
 
+#include "model/tables.h"
 #include "ui/controls/choices.h"
 #include "ui/controls/levelboard.h"
 #include "ui/controls/named.h"
@@ -53,12 +54,12 @@ QGroupBox *ObePanel::BuildObe()
     auto *group = new QGroupBox("OBE");
     auto *layout = new QVBoxLayout(group);
     layout->setSpacing(Spacing);
-    cmdOBEEnable_ = Named(new ToggleButton(ObeOn, ObeOff), "cmdOBEEnable");
+    cmdOBEEnable_ = Named(new ToggleButton(messages::ObeOn, messages::ObeOff), "cmdOBEEnable");
     cmdOBEEnable_->setMinimumHeight(BigButtonHeight);
     connect(cmdOBEEnable_, &QPushButton::clicked, this, &ObePanel::cmdOBEEnable_Click);
     cboObeF_ = Named(new ChoiceList, "cboObeF");
     cboObeF_->setAccessibleName("OBE frequency");
-    for (const char *frequency : ObeFrequencies)
+    for (const char *frequency : messages::ObeFrequencies)
         cboObeF_->addItem(frequency);
     connect(cboObeF_, &QComboBox::activated, this, &ObePanel::cboObeF_Click);
     layout->addWidget(cmdOBEEnable_);
@@ -87,10 +88,10 @@ QGroupBox *ObePanel::BuildNoise(QPushButton *cmdMute3)
     auto *group = new QGroupBox("Pink Noise");
     auto *layout = new QFormLayout(group);
     layout->setSpacing(Spacing);
-    noise_ = {{{Named(new ToggleButton(CaptionOn, CaptionOff), "cmdPNC"), Center},
-               {Named(new ToggleButton(CaptionOn, CaptionOff), "cmdPNS"), Subwoofer}}};
+    noise_ = {{{Named(new ToggleButton(messages::CaptionOn, messages::CaptionOff), "cmdPNC"), Center},
+               {Named(new ToggleButton(messages::CaptionOn, messages::CaptionOff), "cmdPNS"), Subwoofer}}};
     for (const Noise &noise : noise_) {
-        const QString name = noise.channel == Center ? "Center" : "Subwoofer";
+        const QString name = ChannelName[std::size_t(noise.channel)];
         noise.button->setAccessibleName(QString("Pink noise, %1").arg(name));
         connect(noise.button, &QPushButton::clicked, this, [this, noise] { cmdNoise_Click(noise); });
         layout->addRow(name + QLatin1Char(':'), noise.button);

@@ -92,7 +92,7 @@ QGroupBox *OpticalPanel::BuildProjectors()
     auto *layout = new QVBoxLayout(group);
     layout->setSpacing(Spacing);
     for (int index = 0; index < int(cmdPro_.size()); ++index) {
-        auto *cmdPro = Named(new StateButton(Projectors[std::size_t(index)]), "cmdPro", index);
+        auto *cmdPro = Named(new StateButton(messages::Projectors[std::size_t(index)]), "cmdPro", index);
         cmdPro->SetFace(index == settings_.Projector ? Face::Selected : Face::Normal);
         connect(cmdPro, &QPushButton::clicked, this, [this, index] { cmdPro_Click(index); });
         layout->addWidget(cmdPro);
@@ -103,15 +103,15 @@ QGroupBox *OpticalPanel::BuildProjectors()
 
 QWidget *OpticalPanel::BuildStart()
 {
-    lblStart_ = Named(new QLabel(PressStart), "lblStart");
+    lblStart_ = Named(new QLabel(messages::PressStart), "lblStart");
     KeepPlaceWhenHidden(lblStart_);
-    cmdStart_ = Named(new QPushButton(CaptionStart), "cmdStart");
+    cmdStart_ = Named(new QPushButton(messages::CaptionStart), "cmdStart");
     // The column stays as narrow as its label allows: the graphs need the room.
     cmdStart_->setMinimumWidth(cmdStart_->fontMetrics().horizontalAdvance(cmdStart_->text()) +
                                2 * GroupSpacing);
     cmdStart_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     connect(cmdStart_, &QPushButton::clicked, this, &OpticalPanel::cmdStart_Click);
-    lblLock_ = Named(new QLabel(Locked), "lblLock");
+    lblLock_ = Named(new QLabel(messages::Locked), "lblLock");
     lblLock_->setAlignment(Qt::AlignCenter);
     lblLock_->setMargin(Spacing);
     KeepPlaceWhenHidden(lblLock_);
@@ -133,7 +133,7 @@ QGroupBox *OpticalPanel::BuildRT60()
     auto *group = new QGroupBox("RT60");
     auto *layout = new QHBoxLayout(group);
     layout->setSpacing(Spacing);
-    cmdRT60_ = Named(new ToggleButton(CaptionOn, CaptionOff), "cmdRT60");
+    cmdRT60_ = Named(new ToggleButton(messages::CaptionOn, messages::CaptionOff), "cmdRT60");
     cmdRT60_->setAccessibleName("Reverberation time test");
     connect(cmdRT60_, &QPushButton::clicked, this, &OpticalPanel::cmdRT60_Click);
     layout->addWidget(new QLabel("Reverberation time test"));
@@ -173,7 +173,7 @@ void OpticalPanel::StartStream()
 
     surroundings_.cmdMute4->setEnabled(false);
     streaming_ = true;
-    cmdStart_->setText(CaptionStop);
+    cmdStart_->setText(messages::CaptionStop);
     lblLock_->show();
     tmrOptical_->start(ReadingInterval);
     BeginStream();
@@ -200,7 +200,7 @@ void OpticalPanel::ReturnToIdle()
     tmrOptical_->stop();
     tmrOptical_->setInterval(0);
     streaming_ = false;
-    cmdStart_->setText(CaptionStart);
+    cmdStart_->setText(messages::CaptionStart);
     lblLock_->hide();
     ClearPictures();
     surroundings_.cmdMute4->setEnabled(true);
@@ -270,7 +270,7 @@ void OpticalPanel::StreamLock(bool locked)
     if (shownLock_ == locked)
         return;
     shownLock_ = locked;
-    lblLock_->setText(locked ? Locked : NotLocked);
+    lblLock_->setText(locked ? messages::Locked : messages::NotLocked);
     Fill(lblLock_, locked ? Green : Red);
 }
 

@@ -62,9 +62,9 @@ QGroupBox *OptionsPanel::BuildPowerOnFormat()
     auto *layout = new QVBoxLayout(group);
     layout->setSpacing(Spacing);
     optDefaultFormat_ = new QButtonGroup(group);
-    for (const int index : PowerOnScreenOrder)
-        layout->addWidget(
-            BuildOption("optDefaultFormat", index, PowerOnFormats[std::size_t(index)], optDefaultFormat_));
+    for (const int index : messages::PowerOnScreenOrder)
+        layout->addWidget(BuildOption("optDefaultFormat", index, messages::PowerOnFormats[std::size_t(index)],
+                                      optDefaultFormat_));
     connect(optDefaultFormat_, &QButtonGroup::idClicked, this, StoreIn(&SystemBlock::DefaultFormat));
     return group;
 }
@@ -75,8 +75,9 @@ QGroupBox *OptionsPanel::BuildF1Key()
     auto *layout = new QVBoxLayout(group);
     layout->setSpacing(Spacing);
     optF1Key_ = new QButtonGroup(group);
-    for (int index = 0; index < int(F1Captions.size()); ++index)
-        layout->addWidget(BuildOption("optF1Key", index, F1Captions[std::size_t(index)].option, optF1Key_));
+    for (int index = 0; index < int(messages::F1Captions.size()); ++index)
+        layout->addWidget(
+            BuildOption("optF1Key", index, messages::F1Captions[std::size_t(index)].option, optF1Key_));
     connect(optF1Key_, &QButtonGroup::idClicked, this, &OptionsPanel::optF1Key_Click);
     return group;
 }
@@ -86,7 +87,7 @@ QGroupBox *OptionsPanel::BuildNonsync()
     auto *group = new QGroupBox("Non-Sync");
     auto *layout = new QFormLayout(group);
     cboNonsyncMode_ = BuildList("cboNonsyncMode", "Non-sync outputs");
-    for (const char *mode : NonsyncModes)
+    for (const char *mode : messages::NonsyncModes)
         cboNonsyncMode_->addItem(mode);
     cboNonsyncTrim_ = BuildList("cboNonsyncTrim", "Non-sync trim");
     for (int trim = 0; trim <= HighestNonsyncTrim; ++trim)
@@ -117,7 +118,7 @@ QGroupBox *OptionsPanel::BuildMatrix()
 {
     auto *group = new QGroupBox("Matrix");
     auto *layout = new QVBoxLayout(group);
-    chkDisableMatrix_ = Named(new CheckBox(MatrixDisabled), "chkDisableMatrix");
+    chkDisableMatrix_ = Named(new CheckBox(messages::MatrixDisabled), "chkDisableMatrix");
     layout->addWidget(chkDisableMatrix_);
     connect(chkDisableMatrix_, &QCheckBox::clicked, this, &OptionsPanel::chkDisableMatrix_Click);
     return group;
@@ -152,7 +153,8 @@ void OptionsPanel::Show()
 QString OptionsPanel::F1CaptionOfUnit() const
 {
     const Byte mode = settings_.System.F1KeyMode;
-    return mode < F1Captions.size() ? F1Captions[mode].afterConnection : F1Unknown;
+    return mode < messages::F1Captions.size() ? messages::F1Captions[mode].afterConnection
+                                              : messages::F1Unknown;
 }
 
 std::function<void(int)> OptionsPanel::StoreIn(Byte SystemBlock::*option)
@@ -167,7 +169,7 @@ void OptionsPanel::optF1Key_Click(int index)
 {
     settings_.System.F1KeyMode = Byte(index);
     SendOption();
-    showF1Caption_(F1Captions[std::size_t(index)].afterChoice);
+    showF1Caption_(messages::F1Captions[std::size_t(index)].afterChoice);
 }
 
 void OptionsPanel::cboReaderDelay_Click(int index)
