@@ -127,7 +127,7 @@ constexpr double FarOutside = 1e6;
 
 LevelEntry ReadLeadingNumber(const LevelRule &rule, std::string_view text)
 {
-    const double steps = ValueOf(TakeNumeral(SkipBlanks(text))) * rule.stepsPerUnit;
+    const double steps = LeadingNumber(text) * rule.stepsPerUnit;
     if (std::abs(steps) > FarOutside)
         return {LevelEntry::Unreadable};
     const int rounded = RoundHalfToEven(steps);
@@ -157,6 +157,11 @@ LevelEntry ReadWholeNumber(const LevelRule &rule, std::string_view text)
 }
 
 } // namespace
+
+double LeadingNumber(std::string_view text)
+{
+    return ValueOf(TakeNumeral(SkipBlanks(text)));
+}
 
 std::string LevelRule::TextOf(int steps) const
 {

@@ -45,6 +45,10 @@ inline constexpr LevelRule ShelfRule{20, 10, -1, 1, -10, 10, 0, LevelParse::Whol
 inline constexpr LevelRule HalfDecibelRule{24, 12, -1, 2, -12, 12, 1, LevelParse::WholeReal, SixRange};
 inline constexpr LevelRule ObeRule{24, 12, +1, 2, -12, 12, 1, LevelParse::WholeReal, SixRange};
 
+/// The number that a text begins with after blanks, 0 when it begins with none; a point and a comma both
+/// separate decimals, whatever the locale.
+double LeadingNumber(std::string_view text);
+
 /// What typing a text into a level field means.
 struct LevelEntry {
     enum Kind {
@@ -57,7 +61,7 @@ struct LevelEntry {
     bool operator==(const LevelEntry &) const = default;
 };
 
-/// Reads a typed text; a point and a comma both separate decimals, whatever the locale.
+/// Reads a typed text.
 /// Half-decibel values between two steps go to the step below: 1.3 becomes 1.0 and -1.3 becomes -1.5.
 /// Fader and shelves round to the nearest step, halves to the even one.
 LevelEntry ReadLevel(const LevelRule &rule, std::string_view text);

@@ -1,5 +1,6 @@
 #include "ui/dialogs/frmref.h"
 
+#include "model/levels.h"
 #include "ui/controls/named.h"
 #include "ui/dialogs/messages.h"
 
@@ -8,7 +9,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QVBoxLayout>
 
 #include <cmath>
@@ -18,9 +18,7 @@ namespace kelvo {
 
 std::optional<Word> RefreshPeriod(const QString &text)
 {
-    static const QRegularExpression LeadingNumber(R"(^\s*[-+]?(\d+\.?\d*|\.\d+)([eE][-+]?\d+)?)");
-    const QString number = LeadingNumber.match(QString(text).replace(',', '.')).captured();
-    const double seconds = std::floor(number.trimmed().toDouble());
+    const double seconds = std::floor(LeadingNumber(text.toStdString()));
     if (!(seconds >= 1 && seconds <= std::numeric_limits<Word>::max()))
         return std::nullopt;
     return Word(seconds);
@@ -28,7 +26,7 @@ std::optional<Word> RefreshPeriod(const QString &text)
 
 FrmRef::FrmRef(Preferences &options, QWidget *parent) : QDialog(parent), options_(options)
 {
-    setObjectName("frmRef");
+    Named(this, "frmRef");
     setWindowTitle(messages::AutomaticUpdateTitle);
     // The main window is disabled while this dialog is open, and a child would be disabled with it.
     setEnabled(true);
