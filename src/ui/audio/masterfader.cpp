@@ -34,7 +34,6 @@ MasterFader::MasterFader(Settings &settings, UnitLink &link, EntryWindow &entrie
 QGroupBox *MasterFader::BuildMaster()
 {
     master_ = Named(new QGroupBox, "Frame1", 5);
-    master_->installEventFilter(this);
     auto *board = new LevelBoard(FaderMarks());
     board->Add(sclVol_, 1);
     auto *rows = new QVBoxLayout(master_);
@@ -44,10 +43,9 @@ QGroupBox *MasterFader::BuildMaster()
     return master_;
 }
 
-QGroupBox *MasterFader::BuildFrame(const QString &name, int index)
+QGroupBox *MasterFader::BuildFrame(const char *name, int index)
 {
-    auto *frame = new QGroupBox("Master Fader");
-    frame->setObjectName(name);
+    auto *frame = Named(new QGroupBox("Master Fader"), name);
     auto *cmdSet7 = Named(new QPushButton("Set Fader = 7.0"), "cmdSet7", index);
     auto *cmdAdjust = Named(new QPushButton("Adjust Fader"), "cmdAdjust", index);
     connect(cmdSet7, &QPushButton::clicked, this, [this] { cmdSet7_Click(); });
@@ -68,23 +66,18 @@ void MasterFader::Wire(LevelSlider *slider)
     connect(slider, &LevelSlider::Dropped, this, [this] { sclVol_Dropped(); });
 }
 
-/// Made on first use and then kept. It comes after the main window's own controls, so that a search for
-/// `sclVol` below that window finds the main one.
-FrmFader &MasterFader::Dialog()
+void MasterFader::BuildDialog()
 {
-    if (!frmFader_) {
-        frmFader_ = new FrmFader(window_, [this](int tenths) { SetLevel(Word(tenths)); });
-        frmFader_->setEnabled(!master_ || master_->isEnabled());
-        Wire(frmFader_->Slider());
-        entries_.dialog = &frmFader_->Entries();
-    }
-    return *frmFader_;
+    frmFader_ = new FrmFader(window_, [this](int tenths) { SetLevel(Word(tenths)); });
+    Wire(frmFader_->Slider());
+    entries_.dialog = &frmFader_->Entries();
+    master_->installEventFilter(this);
 }
 
 /// The dialog can be operated when the frame beside the tabs can.
 bool MasterFader::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == master_ && event->type() == QEvent::EnabledChange && frmFader_)
+    if (watched == master_ && event->type() == QEvent::EnabledChange)
         frmFader_->setEnabled(master_->isEnabled());
     return QObject::eventFilter(watched, event);
 }
@@ -95,8 +88,8 @@ void MasterFader::ReflectVolumeLevel(bool moveSlider)
     const int position = FaderRule.PositionFor(settings_.FaderLevel);
     for (LevelField *field : lblVol_)
         field->ShowText(text);
-    Dialog().Field()->ShowText(text);
-    Dialog().Slider()->ShowPosition(position);
+    frmFader_->Field()->ShowText(text);
+    frmFader_->Slider()->ShowPosition(position);
     if (moveSlider)
         sclVol_->ShowPosition(position);
 }
@@ -123,16 +116,16 @@ void MasterFader::cmdAdjust_Click()
     // Taken here: the slider gets the focus while the dialog is not active, so the field is not left.
     if (!entries_.CommitEntry())
         return;
-    Dialog().show();
-    Dialog().raise();
-    Dialog().activateWindow();
-    Dialog().Slider()->setFocus();
+    frmFader_->show();
+    frmFader_->raise();
+    frmFader_->activateWindow();
+    frmFader_->Slider()->setFocus();
 }
 
 /// Decides which of the two sliders a change that no hand made belongs to.
 bool MasterFader::FaderDialogActive() const
 {
-    return frmFader_ && frmFader_->Slider()->hasFocus();
+    return frmFader_->Slider()->hasFocus();
 }
 
 void MasterFader::sclVol_Taken()

@@ -27,7 +27,10 @@ class MasterFader : public QObject {
     /// `Frame1(5)`: slider `sclVol`, its label and `lblVol(3)`.
     QGroupBox *BuildMaster();
     /// A "Master Fader" frame named `name` with `lblVol(index)`, `cmdSet7(index)`, `cmdAdjust(index)`.
-    QGroupBox *BuildFrame(const QString &name, int index);
+    QGroupBox *BuildFrame(const char *name, int index);
+    /// `frmFader`, once the main window's own controls stand: a search for `sclVol` below the window is to
+    /// find the main one first.
+    void BuildDialog();
 
     /// Brings every fader display into line with `Settings::FaderLevel`; nothing is sent.
     void ReflectVolumeLevel(bool moveSlider);
@@ -42,7 +45,6 @@ class MasterFader : public QObject {
     bool eventFilter(QObject *watched, QEvent *event) override;
 
   private:
-    FrmFader &Dialog();
     bool FaderDialogActive() const;
     void Wire(LevelSlider *slider);
     void sclVol_Step(int positions);

@@ -25,7 +25,7 @@ FrmFader::FrmFader(QWidget *parent, LevelField::Take take)
       lblVol_(Named(new LevelField(FaderRule, entries_, std::move(take)), "lblVol")),
       sclVol_(Named(new LevelSlider(FaderRule, entries_), "sclVol"))
 {
-    setObjectName("frmFader");
+    Named(this, "frmFader");
     setWindowTitle("Fader:");
     sclVol_->setAccessibleName("Fader");
     lblVol_->setAccessibleName("Fader");

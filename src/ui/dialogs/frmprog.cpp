@@ -12,7 +12,7 @@ namespace kelvo {
 
 FrmProg::FrmProg(QWidget *parent) : QDialog(parent)
 {
-    setObjectName("frmProg");
+    Named(this, "frmProg");
     setWindowTitle(messages::ConnectingTitle);
 
     lblCap_ = Named(new QLabel, "lblCap");

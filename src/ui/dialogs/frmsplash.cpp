@@ -12,7 +12,7 @@ namespace kelvo {
 
 FrmSplash::FrmSplash() : QDialog(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint)
 {
-    setObjectName("frmSplash");
+    Named(this, "frmSplash");
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(36, 24, 36, 24);
     layout->addWidget(new QLabel(messages::Loading));

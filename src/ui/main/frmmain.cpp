@@ -89,11 +89,12 @@ FrmMain::FrmMain(Settings &settings, DeviceLibrary &library, WallClock &clock, P
       masterFader_(new MasterFader(settings, link_, entries_, this)),
       mute_(new MuteButtons(settings, link_, this))
 {
-    setObjectName("frmMain");
+    Named(this, "frmMain");
     ShowTitle(messages::Untitled);
     BuildMenus();
     BuildPanels();
     ArrangeWindow();
+    masterFader_->BuildDialog();
     BuildTimers();
     qApp->installEventFilter(this);
 }
