@@ -105,6 +105,7 @@ FrmMain::~FrmMain()
     // going, take a text that stands in them.
     qApp->removeEventFilter(this);
     DropEntries();
+    hide(); // a slider that is held is let go while there is still a window to tell
 }
 
 void FrmMain::BuildPanels()
