@@ -21,9 +21,9 @@ fail() {
 # Saves once with one fault and judges what stands in the folder afterwards.
 try() {
     writer=$1 call=$2 number=$3 fault=$4
-    local target=$folder/work/target status=0
-    rm -rf "$folder/work"
-    mkdir "$folder/work"
+    local target=$folder/save/target status=0
+    rm -rf "$folder/save"
+    mkdir "$folder/save"
     cp "$folder/before" "$target"
     # A shell of its own, so that no word of a killed save is printed.
     (
@@ -38,7 +38,7 @@ try() {
         cmp -s "$target" "$folder/before" || fail "neither old nor new"
         [ $status -ne 0 ] || fail "old, but success"
     fi
-    [ "$fault" = signal=KILL ] || [ "$(ls -A "$folder/work")" = target ] || fail "a temporary stays behind"
+    [ "$fault" = signal=KILL ] || [ "$(ls -A "$folder/save")" = target ] || fail "a temporary stays behind"
     [ "$fault" != error=EINTR ] || [ $status -eq 0 ] || fail "not made again"
     points=$((points + 1))
 }
