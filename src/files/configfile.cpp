@@ -53,9 +53,8 @@ bool WalkLines(Lines &lines, FileContent &content, Texts &texts)
     for (auto &slice : audio.ChannelEq)
         good = good && lines.Numbers(slice.BassLevel, slice.TrebleLevel);
     for (int channel = 0; channel < ChannelCount; ++channel) {
-        auto &band = audio.ChannelEq[std::size_t(channel)].Band;
-        const auto stored = std::size_t(EqualiserBytes(KindOf(channel)));
-        good = good && lines.List(std::span(band).first(stored));
+        auto &band = audio.ChannelEq[channel].Band;
+        good = good && lines.List(std::span(band).first(EqualiserBytes(KindOf(channel))));
     }
     for (auto &text : texts)
         good = good && lines.Text(text);

@@ -6,7 +6,7 @@ namespace kelvo {
 
 void ResetChannelData(Settings &settings, int channel)
 {
-    ChannelSlice &slice = settings.Audio.ChannelEq[std::size_t(channel)];
+    ChannelSlice &slice = settings.Audio.ChannelEq[channel];
     if (KindOf(channel) == ChannelKind::Subwoofer) {
         slice.Band[SubGain] = FlatHalfDecibel;
         slice.Band[SubWidth] = 0;

@@ -277,7 +277,7 @@ void Interpreter::CommitColor()
 
 std::optional<Color> Interpreter::ColorByNumber(int number) const
 {
-    return number >= 0 && std::size_t(number) < colors_.size() ? colors_[std::size_t(number)] : std::nullopt;
+    return number >= 0 && std::size_t(number) < colors_.size() ? colors_[number] : std::nullopt;
 }
 
 } // namespace kelvo::rtf

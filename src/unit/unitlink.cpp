@@ -37,7 +37,7 @@ Status Keep(Status status, Held &held, const Value &value)
 Status KeepSwitch(Status status, std::array<bool, ChannelCount> &held, Word channel, Word on)
 {
     if (status == Success && channel >= 0 && channel < ChannelCount)
-        held[std::size_t(channel)] = on != False;
+        held[channel] = on != False;
     return status;
 }
 
@@ -412,11 +412,11 @@ Status UnitLink::ReadAzimuth(std::span<Byte, AzimuthBytes> frame)
 void UnitLink::SwitchOffTestSignals()
 {
     for (Word channel = 0; channel < ChannelCount; ++channel) {
-        if (holds_.Pink[std::size_t(channel)])
+        if (holds_.Pink[channel])
             RetryFunction(UnitOp::SetPink, channel, False);
     }
     for (Word channel = 0; channel < ChannelCount; ++channel) {
-        if (holds_.Inverted[std::size_t(channel)])
+        if (holds_.Inverted[channel])
             RetryFunction(UnitOp::SetPhase, channel, False);
     }
     if (holds_.RT60)

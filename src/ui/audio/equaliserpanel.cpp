@@ -76,10 +76,10 @@ QWidget *EqualiserPanel::BuildChannelButtons()
     auto *columns = new QHBoxLayout(row);
     columns->setContentsMargins(0, 0, 0, 0);
     for (int channel = 0; channel < ChannelCount; ++channel) {
-        auto *button = Named(new StateButton(ChannelName[std::size_t(channel)]), "cmdEQChan", channel);
+        auto *button = Named(new StateButton(ChannelName[channel]), "cmdEQChan", channel);
         connect(button, &QPushButton::clicked, this, [this, channel] { cmdEQChan_Click(channel); });
         columns->addWidget(button);
-        cmdEQChan_[std::size_t(channel)] = button;
+        cmdEQChan_[channel] = button;
     }
     return row;
 }
@@ -164,12 +164,12 @@ void EqualiserPanel::cmdEQChan_Click(int channel)
 void EqualiserPanel::ReflectChannelButtons()
 {
     for (int channel = 0; channel < ChannelCount; ++channel)
-        cmdEQChan_[std::size_t(channel)]->SetFace(channel == currentChannel_ ? Face::Current : Face::Normal);
+        cmdEQChan_[channel]->SetFace(channel == currentChannel_ ? Face::Current : Face::Normal);
 }
 
 void EqualiserPanel::ShowChannelPanel()
 {
-    const QString title = ChannelTitle[std::size_t(currentChannel_)];
+    const QString title = ChannelTitle[currentChannel_];
     Frame().ShowChannel(title);
     bandArea_->setCurrentWidget(&Frame());
     bass_->SetAccessibleName(title + ", bass, dB");
@@ -240,8 +240,7 @@ void EqualiserPanel::cmdPaste_Click()
         Tell(this, messages::IncompatibleChannel);
         return;
     }
-    if (!Ask(this, messages::CopyChannel,
-             {ChannelTitle[std::size_t(copiedChannel_)], ChannelTitle[std::size_t(currentChannel_)]}))
+    if (!Ask(this, messages::CopyChannel, {ChannelTitle[copiedChannel_], ChannelTitle[currentChannel_]}))
         return;
     PasteChannelData(copiedChannel_);
     ApplyChannelChange();
@@ -250,7 +249,7 @@ void EqualiserPanel::cmdPaste_Click()
 /// The target takes what its sliders show, so a source byte beyond their range arrives as the nearest end.
 void EqualiserPanel::PasteChannelData(int source)
 {
-    const ChannelSlice from = settings_.Audio.ChannelEq[std::size_t(source)];
+    const ChannelSlice from = settings_.Audio.ChannelEq[source];
     ChannelSlice &to = Slice();
     const auto paste = [](LevelPair &pair, Byte position, Byte &into) {
         pair.ShowPosition(position);
@@ -265,8 +264,7 @@ void EqualiserPanel::PasteChannelData(int source)
 
 void EqualiserPanel::cmdClear_Click()
 {
-    if (!entries_.CommitEntry() ||
-        !Ask(this, messages::ResetChannel, {ChannelTitle[std::size_t(currentChannel_)]}))
+    if (!entries_.CommitEntry() || !Ask(this, messages::ResetChannel, {ChannelTitle[currentChannel_]}))
         return;
     ResetChannelData(settings_, currentChannel_);
     LoadChannelData();
@@ -293,7 +291,7 @@ void EqualiserPanel::ShowTestSignalsOff()
 
 void EqualiserPanel::LeaveTab()
 {
-    if (cmdPink_->SwitchOff(link_.Holds().Pink[std::size_t(currentChannel_)]))
+    if (cmdPink_->SwitchOff(link_.Holds().Pink[currentChannel_]))
         SetEQPinkNoise(false);
 }
 

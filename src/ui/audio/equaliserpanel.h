@@ -63,8 +63,8 @@ class EqualiserPanel : public QWidget {
     void ApplyChannelChange();
     void PasteChannelData(int source);
     void SetEQPinkNoise(bool on);
-    ChannelSlice &Slice() { return settings_.Audio.ChannelEq[std::size_t(currentChannel_)]; }
-    ChannelFrame &Frame() { return *frames_[std::size_t(KindOf(currentChannel_))]; }
+    ChannelSlice &Slice() { return settings_.Audio.ChannelEq[currentChannel_]; }
+    ChannelFrame &Frame() { return *frames_[int(KindOf(currentChannel_))]; }
 
     Settings &settings_;
     UnitLink &link_;

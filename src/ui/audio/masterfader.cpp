@@ -27,7 +27,7 @@ MasterFader::MasterFader(Settings &settings, UnitLink &link, EntryWindow &entrie
     for (int index = 0; index < FieldCount; ++index) {
         auto *field = new LevelField(FaderRule, entries, [this](int tenths) { SetLevel(Word(tenths)); });
         field->setAccessibleName("Fader");
-        lblVol_[std::size_t(index)] = Named(field, "lblVol", index);
+        lblVol_[index] = Named(field, "lblVol", index);
     }
 }
 
@@ -51,7 +51,7 @@ QGroupBox *MasterFader::BuildFrame(const char *name, int index)
     connect(cmdSet7, &QPushButton::clicked, this, [this] { cmdSet7_Click(); });
     connect(cmdAdjust, &QPushButton::clicked, this, [this] { cmdAdjust_Click(); });
     auto *rows = new QVBoxLayout(frame);
-    rows->addWidget(lblVol_[std::size_t(index)], 0, Qt::AlignHCenter);
+    rows->addWidget(lblVol_[index], 0, Qt::AlignHCenter);
     rows->addWidget(cmdSet7);
     rows->addWidget(cmdAdjust);
     return frame;

@@ -21,12 +21,12 @@ ModeButtons::ModeButtons(Settings &settings, UnitLink &link)
     Named(this, "Frame1", 3);
     auto *grid = new QGridLayout(this);
     for (int index = 0; index < FormatCount; ++index) {
-        auto *button = Named(new StateButton(ModeCaption[std::size_t(index)]), "cmdMode", index);
+        auto *button = Named(new StateButton(ModeCaption[index]), "cmdMode", index);
         connect(button, &QPushButton::clicked, this, [this, index] { cmdMode_Click(index); });
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
         button->setMaximumHeight(3 * button->sizeHint().height());
         grid->addWidget(button, index / Columns, index % Columns);
-        cmdMode_[std::size_t(index)] = button;
+        cmdMode_[index] = button;
     }
     ReflectModeStatus();
 }
@@ -44,8 +44,7 @@ void ModeButtons::cmdMode_Click(int index)
 void ModeButtons::ReflectModeStatus()
 {
     for (int index = 0; index < FormatCount; ++index)
-        cmdMode_[std::size_t(index)]->SetFace(index == settings_.OperatorFormat() ? Face::Current
-                                                                                  : Face::Normal);
+        cmdMode_[index]->SetFace(index == settings_.OperatorFormat() ? Face::Current : Face::Normal);
 }
 
 void ModeButtons::SetF1Caption(const QString &caption)

@@ -66,7 +66,7 @@ QWidget *OutputTrimPanel::BuildChannels()
     std::array<LevelPair *, ChannelCount> trims{};
     for (int channel = 0; channel < ChannelCount; ++channel) {
         BuildColumn(channel, *board);
-        trims[std::size_t(channel)] = Column(channel).trim;
+        trims[channel] = Column(channel).trim;
     }
     JoinNeighbours(trims);
     auto *frame = new QGroupBox("Output Trim");
@@ -78,7 +78,7 @@ QWidget *OutputTrimPanel::BuildChannels()
 
 void OutputTrimPanel::BuildColumn(int channel, LevelBoard &board)
 {
-    const QString name = ChannelName[std::size_t(channel)];
+    const QString name = ChannelName[channel];
     auto *trim = new LevelPair(HalfDecibelRule, entries_, {"lblPNG", "sclPNG", channel},
                                {[this, channel](int) { StoreTrim(channel); }, [this] { Upload(); }}, this);
     trim->SetAccessibleName(name + ", output trim, dB");
@@ -118,14 +118,14 @@ QWidget *OutputTrimPanel::BuildCommands(QWidget *faderFrame)
 void OutputTrimPanel::Show()
 {
     for (int channel = 0; channel < ChannelCount; ++channel)
-        Column(channel).trim->ShowPosition(settings_.Audio.ChannelTrim[std::size_t(channel)]);
+        Column(channel).trim->ShowPosition(settings_.Audio.ChannelTrim[channel]);
 }
 
 void OutputTrimPanel::StoreTrim(int channel)
 {
     if (settings_.Updating)
         return;
-    settings_.Audio.ChannelTrim[std::size_t(channel)] = Byte(Column(channel).trim->Position());
+    settings_.Audio.ChannelTrim[channel] = Byte(Column(channel).trim->Position());
     settings_.SettingsChanged = true;
     link_.ShowSent();
 }
@@ -181,11 +181,11 @@ void OutputTrimPanel::ShowTestSignalsOff()
 void OutputTrimPanel::LeaveTab()
 {
     for (int channel = 0; channel < ChannelCount; ++channel) {
-        if (Column(channel).cmdPN->SwitchOff(link_.Holds().Pink[std::size_t(channel)]))
+        if (Column(channel).cmdPN->SwitchOff(link_.Holds().Pink[channel]))
             link_.RetryFunction(UnitOp::SetPink, Word(channel), False);
     }
     for (int channel = 0; channel < ChannelCount; ++channel) {
-        if (Column(channel).cmdPhase->SwitchOff(link_.Holds().Inverted[std::size_t(channel)]))
+        if (Column(channel).cmdPhase->SwitchOff(link_.Holds().Inverted[channel]))
             link_.RetryFunction(UnitOp::SetPhase, Word(channel), False);
     }
 }

@@ -47,7 +47,7 @@ class OutputTrimPanel : public QWidget {
     void cmdReset_Click();
     void StoreTrim(int channel);
     void Upload();
-    ChannelColumn &Column(int channel) { return columns_[std::size_t(channel)]; }
+    ChannelColumn &Column(int channel) { return columns_[channel]; }
 
     Settings &settings_;
     UnitLink &link_;

@@ -59,7 +59,7 @@ void StateButton::paintEvent(QPaintEvent *event)
         QPushButton::paintEvent(event);
         return;
     }
-    auto [fill, ink] = FaceColours[std::size_t(face_)];
+    auto [fill, ink] = FaceColours[int(face_)];
     if (!isEnabled())
         ink.setAlpha(110);
     QStyleOptionButton option;

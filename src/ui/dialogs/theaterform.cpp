@@ -17,11 +17,10 @@ constexpr int GapBetweenColumns = 18;
 TheaterForm::TheaterForm() : layout(new QGridLayout)
 {
     for (int index = 0; index < TheaterTextCount; ++index) {
-        const auto at = std::size_t(index);
         auto *box = Named(new QLineEdit, "txtTheaterInfo", index);
-        auto *label = new QLabel(TheaterLabel[at]);
+        auto *label = new QLabel(TheaterLabel[index]);
         label->setBuddy(box);
-        box->setAccessibleName(QString(TheaterLabel[at]).chopped(1));
+        box->setAccessibleName(QString(TheaterLabel[index]).chopped(1));
         const int row = index % RowsPerColumn;
         const int column = index < RowsPerColumn ? 0 : 3;
         if (index == Notes) {
@@ -31,7 +30,7 @@ TheaterForm::TheaterForm() : layout(new QGridLayout)
             layout->addWidget(label, row, column);
             layout->addWidget(box, row, column + 1);
         }
-        txtTheaterInfo[at] = box;
+        txtTheaterInfo[index] = box;
     }
     layout->setColumnMinimumWidth(2, GapBetweenColumns);
     layout->setColumnStretch(1, 1);

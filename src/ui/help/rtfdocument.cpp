@@ -150,7 +150,7 @@ QList<Heading> DocumentFiller::Fill()
 {
     cursor_.beginEditBlock();
     for (auto at = content_.paragraphs.begin(); at != content_.paragraphs.end();) {
-        if (at->cell && FitsAsGrid(content_.tables[std::size_t(at->cell->table)]))
+        if (at->cell && FitsAsGrid(content_.tables[at->cell->table]))
             at = AddTable(at);
         else
             AddParagraph(*at++);
@@ -220,7 +220,7 @@ QTextTableFormat DocumentFiller::FormatOfTable(const rtf::Table &table) const
 DocumentFiller::Position DocumentFiller::AddTable(Position first)
 {
     const int number = first->cell->table;
-    const rtf::Table &table = content_.tables[std::size_t(number)];
+    const rtf::Table &table = content_.tables[number];
     QTextTable *grid = cursor_.insertTable(table.rows, table.columns, FormatOfTable(table));
     cells_ += table.rows * table.columns;
     auto at = first;

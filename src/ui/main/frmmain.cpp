@@ -136,17 +136,16 @@ void FrmMain::BuildPanels()
     narrowTabs->setParent(SSTAB1_);
     SSTAB1_->tabBar()->setStyle(narrowTabs);
     for (int tab = 0; tab < TabCount; ++tab) {
-        const auto index = std::size_t(tab);
-        if (QLayout *own = panels[index]->layout())
+        if (QLayout *own = panels[tab]->layout())
             own->setContentsMargins(0, 0, 0, 0); // the page has the margin
-        frmtabs_[index] = Named(new TabPage, "frmtabs", tab);
-        lblHint_[index] = Hint(tab);
-        auto *layout = new QVBoxLayout(frmtabs_[index]);
+        frmtabs_[tab] = Named(new TabPage, "frmtabs", tab);
+        lblHint_[tab] = Hint(tab);
+        auto *layout = new QVBoxLayout(frmtabs_[tab]);
         layout->setContentsMargins(6, 3, 6, 6);
         layout->setSpacing(3);
-        layout->addWidget(lblHint_[index]);
-        layout->addWidget(panels[index], 1);
-        SSTAB1_->addTab(frmtabs_[index], TabCaption[index]);
+        layout->addWidget(lblHint_[tab]);
+        layout->addWidget(panels[tab], 1);
+        SSTAB1_->addTab(frmtabs_[tab], TabCaption[tab]);
     }
     connect(SSTAB1_, &QTabWidget::currentChanged, this, &FrmMain::SSTAB1_Click);
 }
@@ -158,8 +157,8 @@ QWidget *FrmMain::BuildFormatSelection()
     unitInformation_ = information;
     auto *lines = new QVBoxLayout(information);
     for (int line = 0; line < int(lnlInfo_.size()); ++line) {
-        lnlInfo_[std::size_t(line)] = Named(new QLabel, "lnlInfo", line);
-        lines->addWidget(lnlInfo_[std::size_t(line)]);
+        lnlInfo_[line] = Named(new QLabel, "lnlInfo", line);
+        lines->addWidget(lnlInfo_[line]);
     }
     KeepPlaceWhenHidden(information);
 

@@ -21,7 +21,7 @@ bool FrmMain::eventFilter(QObject *watched, QEvent *event)
     // A wheel over the headings would change the tab, which asks and sends.
     if (event->type() == QEvent::Wheel && receiver == SSTAB1_->tabBar())
         return true;
-    QWidget *page = frmtabs_[std::size_t(Tab::Help)];
+    QWidget *page = frmtabs_[int(Tab::Help)];
     // Off line the page is disabled, and yet it is to be read.
     if (event->type() == QEvent::Wheel && !page->isEnabled() && page->isAncestorOf(receiver)) {
         help_->ScrollByWheel(static_cast<QWheelEvent *>(event)->angleDelta().y());
@@ -50,7 +50,7 @@ bool FrmMain::PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers modif
     constexpr int LastCharacter = 0xff; // beyond it stand the keys that are no characters
     const bool shortcuts = key <= LastCharacter && settings_.Options.Shortcuts &&
                            modifiers == Qt::ControlModifier && Tab(shownTab_) == Tab::Eq &&
-                           frmtabs_[std::size_t(Tab::Eq)]->isEnabled();
+                           frmtabs_[int(Tab::Eq)]->isEnabled();
     if (shortcuts && repeat)
         return true;
     return shortcuts && !link_.InCall() && equaliser_->RunShortcut(QChar(key).toLower());

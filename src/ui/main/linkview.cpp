@@ -35,7 +35,7 @@ QString Text(std::string_view text)
 
 void FrmMain::ShowConnectStatus(LinkState state)
 {
-    const Lamp &lamp = Lamps[std::size_t(state)];
+    const Lamp &lamp = Lamps[int(state)];
     Fill(lblStat_, lamp.colours);
     lblStat_->setText(lamp.caption);
     // A failing call keeps the thread for seconds: the lamp must be on the screen before it goes on.
@@ -59,7 +59,7 @@ void FrmMain::EnableFrames(bool enable)
         Q_ASSERT(control);
         control->setEnabled(enable);
     }
-    frmtabs_[std::size_t(shownTab_)]->setEnabled(enable);
+    frmtabs_[shownTab_]->setEnabled(enable);
 }
 
 void FrmMain::SetPolling(bool on)

@@ -26,7 +26,7 @@ void FrmMain::Form_Load()
     link_.SetConnectStatus(LinkState::OffLine);
     settings_.Updating = true;
     ClearTabStatus();
-    frmtabs_[std::size_t(shownTab_)]->setEnabled(true);
+    frmtabs_[shownTab_]->setEnabled(true);
     if (places_.screenHeight < LowestScreen)
         Tell(this, messages::SmallScreen);
     FitScreen();

@@ -38,7 +38,7 @@ void FrmMain::SSTAB1_Click(int tab)
         masterFader_->SetNominal();
 
     ClearTabStatus();
-    frmtabs_[std::size_t(tab)]->setEnabled(link_.UnitOnline());
+    frmtabs_[tab]->setEnabled(link_.UnitOnline());
     if (Tab(tab) == Tab::Obe)
         link_.RetryFunction(UnitOp::EnableOBE);
     if (Tab(tab) == Tab::TheaterInformation)

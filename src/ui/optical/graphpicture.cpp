@@ -72,7 +72,7 @@ void DrawSide(GraphPicture &graph, int firstBar, const std::array<Byte, SlitLoss
     const bool judged = HasSignal(side);
     for (int band = 0; band < int(side.size()); ++band) {
         const int left = firstBar + BandSpacing * band;
-        const int reading = side[std::size_t(band)];
+        const int reading = side[band];
         graph.boxes.push_back({left, reading, left + BandWidth, GraphBaseLine, Ink::Blue});
         if (judged && !InRange(reading, side[0]))
             graph.boxes.push_back(MarkAbove(left, reading));
@@ -86,8 +86,7 @@ void LabelBands(GraphPicture &graph, int firstBar)
     constexpr std::array<int, 2> Rows{257, 266};
     for (int label = 0; label < int(BandLabels.size()); ++label) {
         const int left = firstBar + BandSpacing * (FirstLabelledBand + label);
-        PrintOnGraph(graph, Word(left - BeforeBar), Word(Rows[std::size_t(label % 2)]),
-                     BandLabels[std::size_t(label)]);
+        PrintOnGraph(graph, Word(left - BeforeBar), Word(Rows[label % 2]), BandLabels[label]);
     }
 }
 

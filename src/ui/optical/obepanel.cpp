@@ -91,7 +91,7 @@ QGroupBox *ObePanel::BuildNoise(QPushButton *cmdMute3)
     noise_ = {{{Named(new ToggleButton(messages::CaptionOn, messages::CaptionOff), "cmdPNC"), Center},
                {Named(new ToggleButton(messages::CaptionOn, messages::CaptionOff), "cmdPNS"), Subwoofer}}};
     for (const Noise &noise : noise_) {
-        const QString name = ChannelName[std::size_t(noise.channel)];
+        const QString name = ChannelName[noise.channel];
         noise.button->setAccessibleName(QString("Pink noise, %1").arg(name));
         connect(noise.button, &QPushButton::clicked, this, [this, noise] { cmdNoise_Click(noise); });
         layout->addRow(name + QLatin1Char(':'), noise.button);
@@ -128,7 +128,7 @@ void ObePanel::ShowTestSignalsOff()
 void ObePanel::LeaveTab()
 {
     for (const Noise &noise : noise_) {
-        if (noise.button->SwitchOff(link_.Holds().Pink[std::size_t(noise.channel)]))
+        if (noise.button->SwitchOff(link_.Holds().Pink[noise.channel]))
             link_.RetryFunction(UnitOp::SetPink, noise.channel, False);
     }
 }

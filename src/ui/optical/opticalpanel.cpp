@@ -77,7 +77,7 @@ QGroupBox *OpticalPanel::BuildMeasurements()
     layout->setSpacing(Spacing);
     auto *optOptical = new QButtonGroup(group);
     for (int index = 0; index < int(Measurements.size()); ++index) {
-        auto *option = Named(new OptionButton(Measurements[std::size_t(index)].caption), "optOptical", index);
+        auto *option = Named(new OptionButton(Measurements[index].caption), "optOptical", index);
         option->setChecked(index == measurement_);
         optOptical->addButton(option, index);
         layout->addWidget(option);
@@ -92,11 +92,11 @@ QGroupBox *OpticalPanel::BuildProjectors()
     auto *layout = new QVBoxLayout(group);
     layout->setSpacing(Spacing);
     for (int index = 0; index < int(cmdPro_.size()); ++index) {
-        auto *cmdPro = Named(new StateButton(messages::Projectors[std::size_t(index)]), "cmdPro", index);
+        auto *cmdPro = Named(new StateButton(messages::Projectors[index]), "cmdPro", index);
         cmdPro->SetFace(index == settings_.Projector ? Face::Selected : Face::Normal);
         connect(cmdPro, &QPushButton::clicked, this, [this, index] { cmdPro_Click(index); });
         layout->addWidget(cmdPro);
-        cmdPro_[std::size_t(index)] = cmdPro;
+        cmdPro_[index] = cmdPro;
     }
     return group;
 }
@@ -192,7 +192,7 @@ void OpticalPanel::StopStream()
 void OpticalPanel::BeginStream()
 {
     slit_ = NoSlitReadings();
-    link_.RetryFunction(Measurements[std::size_t(measurement_)].begin);
+    link_.RetryFunction(Measurements[measurement_].begin);
 }
 
 void OpticalPanel::ReturnToIdle()
@@ -238,7 +238,7 @@ void OpticalPanel::cmdPro_Click(int index)
 {
     link_.RetryFunction(UnitOp::StopStream);
     for (StateButton *cmdPro : cmdPro_)
-        cmdPro->SetFace(cmdPro == cmdPro_[std::size_t(index)] ? Face::Selected : Face::Normal);
+        cmdPro->SetFace(cmdPro == cmdPro_[index] ? Face::Selected : Face::Normal);
     settings_.Projector = Word(index);
     link_.RetryFunction(UnitOp::SetProjector);
     if (streaming_)
@@ -293,7 +293,7 @@ void OpticalPanel::tmrOptical_Timer()
     const auto began = std::chrono::steady_clock::now();
     nextReading_ = std::max(nextReading_ + ReadingInterval, began - MostBehind);
     graphs_->Graph().SetFontName(GraphFont);
-    (this->*Measurements[std::size_t(measurement_)].read)();
+    (this->*Measurements[measurement_].read)();
     if (tmrOptical_->isActive())
         KeepPace(std::chrono::steady_clock::now() - began);
 }

@@ -34,11 +34,11 @@ struct AzimuthHistory {
     std::array<std::array<Pair, AzimuthPairs>, AzimuthLines> lines{};
     int line = 0; ///< the line that the next frame fills
 
-    const Pair &Row(int ofLine, int pair) const { return lines[std::size_t(ofLine)][std::size_t(pair)]; }
+    const Pair &Row(int ofLine, int pair) const { return lines[ofLine][pair]; }
     void Store(std::span<const Byte, AzimuthBytes> frame)
     {
         auto value = frame.begin();
-        for (Pair &pair : lines[std::size_t(line)])
+        for (Pair &pair : lines[line])
             pair = {*value++, *value++};
     }
     int NextLine() const { return line == AzimuthLines - 1 ? 0 : line + 1; }

@@ -63,8 +63,8 @@ QGroupBox *OptionsPanel::BuildPowerOnFormat()
     layout->setSpacing(Spacing);
     optDefaultFormat_ = new QButtonGroup(group);
     for (const int index : messages::PowerOnScreenOrder)
-        layout->addWidget(BuildOption("optDefaultFormat", index, messages::PowerOnFormats[std::size_t(index)],
-                                      optDefaultFormat_));
+        layout->addWidget(
+            BuildOption("optDefaultFormat", index, messages::PowerOnFormats[index], optDefaultFormat_));
     connect(optDefaultFormat_, &QButtonGroup::idClicked, this, StoreIn(&SystemBlock::DefaultFormat));
     return group;
 }
@@ -76,8 +76,7 @@ QGroupBox *OptionsPanel::BuildF1Key()
     layout->setSpacing(Spacing);
     optF1Key_ = new QButtonGroup(group);
     for (int index = 0; index < int(messages::F1Captions.size()); ++index)
-        layout->addWidget(
-            BuildOption("optF1Key", index, messages::F1Captions[std::size_t(index)].option, optF1Key_));
+        layout->addWidget(BuildOption("optF1Key", index, messages::F1Captions[index].option, optF1Key_));
     connect(optF1Key_, &QButtonGroup::idClicked, this, &OptionsPanel::optF1Key_Click);
     return group;
 }
@@ -169,7 +168,7 @@ void OptionsPanel::optF1Key_Click(int index)
 {
     settings_.System.F1KeyMode = Byte(index);
     SendOption();
-    showF1Caption_(messages::F1Captions[std::size_t(index)].afterChoice);
+    showF1Caption_(messages::F1Captions[index].afterChoice);
 }
 
 void OptionsPanel::cboReaderDelay_Click(int index)
