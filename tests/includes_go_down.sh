@@ -28,8 +28,9 @@ allow files model
 allow unit files model
 allow rtf
 allow ui/controls $core
+allow ui/picture $below
 for panel in ui/dialogs ui/optical; do
-    [ ! -d "$root/$panel" ] || allow $panel $below
+    allow $panel $below ui/picture
 done
 # The fader dialog is one of the master fader's places.
 allow ui/audio $below ui/dialogs

@@ -196,7 +196,8 @@ void SessionTest::aLibraryForTheOtherKindOfProgramIsRefusedWithBothNamed()
     if (!QFile::exists(other)) {
         QFile header(other);
         QVERIFY(header.open(QIODevice::WriteOnly));
-        header.write("\x7F" "ELF");
+        header.write("\x7F"
+                     "ELF");
         header.putChar(sizeof(void *) == 8 ? '\1' : '\2');
     }
     Qm4sLibrary library({.given = other.toStdString(), .programFolder = {}, .executableFolder = {}});

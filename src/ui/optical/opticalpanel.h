@@ -3,7 +3,7 @@
 #include "model/settings.h"
 #include "ui/controls/entrywindow.h"
 #include "ui/controls/statebutton.h"
-#include "ui/optical/grapharea.h"
+#include "ui/picture/grapharea.h"
 #include "unit/unitlink.h"
 
 #include <QButtonGroup>

@@ -1,4 +1,4 @@
-#include "ui/optical/azimuthpicture.h"
+#include "ui/picture/azimuthpicture.h"
 
 #include <QtTest>
 

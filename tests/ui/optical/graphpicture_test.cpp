@@ -1,4 +1,4 @@
-#include "ui/optical/graphpicture.h"
+#include "ui/picture/graphpicture.h"
 
 #include <QtTest>
 

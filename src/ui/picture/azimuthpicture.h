@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/optical/opticalreadings.h"
+#include "ui/picture/opticalreadings.h"
 
 #include <QImage>
 #include <QRect>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ui/optical/azimuthpicture.h"
-#include "ui/optical/graphpicture.h"
+#include "ui/picture/azimuthpicture.h"
+#include "ui/picture/graphpicture.h"
 
 #include <QTimer>
 #include <QWidget>

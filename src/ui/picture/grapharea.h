@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/optical/pictureboxes.h"
+#include "ui/picture/pictureboxes.h"
 
 #include <QWidget>
 

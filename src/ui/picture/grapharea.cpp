@@ -1,4 +1,4 @@
-#include "ui/optical/grapharea.h"
+#include "ui/picture/grapharea.h"
 
 #include "ui/controls/named.h"
 

@@ -1,4 +1,4 @@
-#include "ui/optical/pictureboxes.h"
+#include "ui/picture/pictureboxes.h"
 
 #include <QPaintEvent>
 #include <QPainter>
