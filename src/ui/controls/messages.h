@@ -5,4 +5,7 @@ namespace kelvo::messages {
 /// The title above every level rule's own range message.
 inline constexpr const char *RangeCheckTitle = "Range Check Error";
 
+inline constexpr const char *OkCaption = "OK";
+inline constexpr const char *CancelCaption = "Cancel";
+
 } // namespace kelvo::messages

@@ -1,5 +1,6 @@
 #include "ui/dialogs/frmprog.h"
 
+#include "ui/controls/messages.h"
 #include "ui/controls/named.h"
 #include "ui/dialogs/messages.h"
 

@@ -5,8 +5,6 @@ namespace kelvo::messages {
 inline constexpr auto Loading = "Loading Please Wait...";
 
 inline constexpr auto ConnectingTitle = "Connecting";
-inline constexpr auto OkCaption = "OK";
-inline constexpr auto CancelCaption = "Cancel";
 
 inline constexpr auto AutomaticUpdateTitle = "Automatic Update";
 inline constexpr auto EnableAutomaticUpdate = "Enable Automatic Update";
@@ -14,19 +12,6 @@ inline constexpr auto Every = "Every";
 inline constexpr auto Seconds = "seconds";
 inline constexpr auto RefreshPeriodName = "Period of the automatic update, seconds";
 inline constexpr auto CloseCaption = "Close";
-
-inline constexpr auto TheaterTitle = "Set Theater Information";
-inline constexpr auto EditCaption = "Edit ...";
-inline constexpr auto EditName = "Edit the theater information";
-
-inline constexpr auto TimeTitle = "Please choose date and time";
-inline constexpr auto TimeCaption = "Time:";
-inline constexpr auto DateName = "Date";
-inline constexpr auto HourName = "Hour, 1 to 12";
-inline constexpr auto MinuteName = "Minutes";
-inline constexpr auto SecondName = "Seconds";
-inline constexpr auto HalfDayName = "AM or PM";
-inline constexpr auto HalfDayHint = "Click or press the space bar to change between AM and PM";
 
 inline constexpr auto SimulatorTitle = "Simulated Unit";
 inline constexpr auto ReaderCaption = "Optical reader";

@@ -10,12 +10,12 @@
 #include "ui/controls/entrywindow.h"
 #include "ui/dialogs/frmprog.h"
 #include "ui/dialogs/frmref.h"
-#include "ui/dialogs/theaterpanel.h"
 #include "ui/help/helppanel.h"
 #include "ui/main/places.h"
 #include "ui/optical/obepanel.h"
 #include "ui/optical/opticalpanel.h"
 #include "ui/optical/optionspanel.h"
+#include "ui/theatre/theaterpanel.h"
 #include "unit/linkview.h"
 #include "unit/unitlink.h"
 

@@ -2,8 +2,8 @@
 
 #include "ui/controls/named.h"
 #include "ui/dialogs/frmsimulator.h"
-#include "ui/dialogs/frmtheater.h"
-#include "ui/dialogs/frmtime.h"
+#include "ui/theatre/frmtheater.h"
+#include "ui/theatre/frmtime.h"
 
 #include <QAction>
 #include <QMenu>

@@ -1,6 +1,6 @@
 #include "model/tables.h"
-#include "ui/dialogs/frmtheater.h"
-#include "ui/dialogs/theaterpanel.h"
+#include "ui/theatre/frmtheater.h"
+#include "ui/theatre/theaterpanel.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,4 +1,4 @@
-#include "ui/dialogs/frmtime.h"
+#include "ui/theatre/frmtime.h"
 
 #include <QCalendarWidget>
 #include <QPushButton>

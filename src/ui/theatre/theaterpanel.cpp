@@ -1,8 +1,8 @@
-#include "ui/dialogs/theaterpanel.h"
+#include "ui/theatre/theaterpanel.h"
 
 #include "model/tables.h"
 #include "ui/controls/named.h"
-#include "ui/dialogs/messages.h"
+#include "ui/theatre/messages.h"
 #include "unit/unitclock.h"
 
 #include <QPushButton>

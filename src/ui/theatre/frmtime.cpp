@@ -1,8 +1,8 @@
-#include "ui/dialogs/frmtime.h"
+#include "ui/theatre/frmtime.h"
 
 #include "ui/controls/named.h"
-#include "ui/dialogs/messages.h"
-#include "ui/dialogs/okcancel.h"
+#include "ui/controls/okcancel.h"
+#include "ui/theatre/messages.h"
 
 #include <QCalendarWidget>
 #include <QDialogButtonBox>

@@ -1,4 +1,4 @@
-#include "ui/dialogs/theaterform.h"
+#include "ui/theatre/theaterform.h"
 
 #include "model/tables.h"
 #include "ui/controls/named.h"

@@ -1,7 +1,7 @@
-#include "ui/dialogs/okcancel.h"
+#include "ui/controls/okcancel.h"
 
+#include "ui/controls/messages.h"
 #include "ui/controls/named.h"
-#include "ui/dialogs/messages.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>

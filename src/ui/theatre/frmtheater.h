@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/dialogs/theaterform.h"
+#include "ui/theatre/theaterform.h"
 
 #include <QDialog>
 

@@ -1,8 +1,8 @@
-#include "ui/dialogs/frmtheater.h"
+#include "ui/theatre/frmtheater.h"
 
 #include "ui/controls/named.h"
-#include "ui/dialogs/messages.h"
-#include "ui/dialogs/okcancel.h"
+#include "ui/controls/okcancel.h"
+#include "ui/theatre/messages.h"
 
 #include <QDialogButtonBox>
 #include <QVBoxLayout>
