@@ -29,13 +29,13 @@ allow unit files model
 allow rtf
 allow ui/controls $core
 allow ui/picture $below
-for panel in ui/dialogs ui/optical ui/theatre; do
+for panel in ui/dialogs ui/formats ui/optical ui/theatre; do
     allow $panel $below ui/picture
 done
 # The fader dialog is one of the master fader's places.
-allow ui/audio $below ui/dialogs
+allow ui/audio $below ui/dialogs ui/formats
 allow ui/help $below rtf
-allow ui/main $below ui/dialogs ui/audio ui/optical ui/theatre ui/help
+allow ui/main $below ui/dialogs ui/audio ui/formats ui/optical ui/theatre ui/help
 
 for folder in $core; do
     if grep -nE '^ *# *include *<(Q|qt)' "$root/$folder"/*; then

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "model/settings.h"
-#include "ui/audio/mutebuttons.h"
 #include "ui/controls/entrywindow.h"
 #include "ui/controls/levelpair.h"
 #include "ui/controls/statebutton.h"
+#include "ui/formats/mutebuttons.h"
 #include "unit/unitlink.h"
 
 #include <QWidget>

@@ -3,6 +3,7 @@
 #include "model/tables.h"
 #include "ui/controls/choices.h"
 #include "ui/controls/levelboard.h"
+#include "ui/controls/messages.h"
 #include "ui/controls/named.h"
 #include "ui/controls/spacing.h"
 #include "ui/controls/uploadbutton.h"

@@ -2,6 +2,7 @@
 
 #include "ui/controls/appearance.h"
 #include "ui/controls/choices.h"
+#include "ui/controls/messages.h"
 #include "ui/controls/named.h"
 #include "ui/controls/spacing.h"
 #include "ui/controls/uploadbutton.h"

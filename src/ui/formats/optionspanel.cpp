@@ -1,11 +1,11 @@
-#include "ui/optical/optionspanel.h"
+#include "ui/formats/optionspanel.h"
 
 #include "model/tables.h"
 #include "ui/controls/choices.h"
 #include "ui/controls/named.h"
 #include "ui/controls/spacing.h"
 #include "ui/controls/uploadbutton.h"
-#include "ui/optical/messages.h"
+#include "ui/formats/messages.h"
 
 #include <QFormLayout>
 #include <QGridLayout>

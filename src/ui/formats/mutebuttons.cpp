@@ -1,4 +1,4 @@
-#include "ui/audio/mutebuttons.h"
+#include "ui/formats/mutebuttons.h"
 
 #include "ui/controls/named.h"
 

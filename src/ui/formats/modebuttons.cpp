@@ -1,4 +1,4 @@
-#include "ui/audio/modebuttons.h"
+#include "ui/formats/modebuttons.h"
 
 #include "model/tables.h"
 #include "ui/controls/named.h"
