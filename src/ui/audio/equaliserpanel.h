@@ -2,11 +2,11 @@
 
 #include "model/settings.h"
 #include "ui/audio/bandframe.h"
-#include "ui/audio/masterfader.h"
 #include "ui/audio/subbassframe.h"
 #include "ui/controls/entrywindow.h"
 #include "ui/controls/statebutton.h"
 #include "ui/formats/mutebuttons.h"
+#include "ui/levels/masterfader.h"
 #include "unit/unitlink.h"
 
 #include <QStackedWidget>

@@ -4,7 +4,6 @@
 
 namespace kelvo::messages {
 
-inline constexpr Message SetFader7{Question, "Set Fader = 7.0", "Are you sure you want to Set Fader = 7.0 ?"};
 inline constexpr Message CopyChannel{Question, "Copy?", "Are you sure you want to copy %1 to %2?"};
 inline constexpr Message ResetChannel{Question, "Reset Channel?", "Are you sure you want to reset %1?"};
 inline constexpr Message NothingToPaste{Exclamation, "Error", "Nothing to Paste!"};

@@ -1,4 +1,4 @@
-#include "ui/optical/obepanel.h"
+#include "ui/levels/obepanel.h"
 
 #include "model/tables.h"
 #include "ui/controls/choices.h"
@@ -7,7 +7,7 @@
 #include "ui/controls/named.h"
 #include "ui/controls/spacing.h"
 #include "ui/controls/uploadbutton.h"
-#include "ui/optical/messages.h"
+#include "ui/levels/messages.h"
 
 #include <QFormLayout>
 #include <QGridLayout>

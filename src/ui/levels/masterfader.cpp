@@ -1,9 +1,9 @@
-#include "ui/audio/masterfader.h"
+#include "ui/levels/masterfader.h"
 
-#include "ui/audio/messages.h"
 #include "ui/controls/levelboard.h"
 #include "ui/controls/named.h"
-#include "ui/dialogs/frmfader.h"
+#include "ui/levels/frmfader.h"
+#include "ui/levels/messages.h"
 
 #include <QEvent>
 #include <QLabel>

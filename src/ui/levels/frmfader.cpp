@@ -1,4 +1,4 @@
-#include "ui/dialogs/frmfader.h"
+#include "ui/levels/frmfader.h"
 
 #include "ui/controls/levelboard.h"
 #include "ui/controls/named.h"

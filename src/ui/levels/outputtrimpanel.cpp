@@ -1,4 +1,4 @@
-#include "ui/audio/outputtrimpanel.h"
+#include "ui/levels/outputtrimpanel.h"
 
 #include "model/tables.h"
 #include "ui/controls/appearance.h"
