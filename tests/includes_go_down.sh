@@ -33,9 +33,9 @@ for panel in ui/dialogs ui/formats ui/optical ui/theatre; do
     allow $panel $below ui/picture
 done
 allow ui/levels $below ui/formats
-allow ui/audio $below ui/formats ui/levels
+allow ui/equaliser $below ui/formats ui/levels
 allow ui/help $below rtf
-allow ui/main $below ui/dialogs ui/audio ui/formats ui/levels ui/optical ui/theatre ui/help
+allow ui/main $below ui/dialogs ui/equaliser ui/formats ui/levels ui/optical ui/theatre ui/help
 
 for folder in $core; do
     if grep -nE '^ *# *include *<(Q|qt)' "$root/$folder"/*; then

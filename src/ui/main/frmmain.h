@@ -1,11 +1,11 @@
 #pragma once
 
 #include "model/settings.h"
-#include "ui/audio/equaliserpanel.h"
 #include "ui/controls/boxes.h"
 #include "ui/controls/entrywindow.h"
 #include "ui/dialogs/frmprog.h"
 #include "ui/dialogs/frmref.h"
+#include "ui/equaliser/equaliserpanel.h"
 #include "ui/formats/modebuttons.h"
 #include "ui/formats/mutebuttons.h"
 #include "ui/formats/optionspanel.h"

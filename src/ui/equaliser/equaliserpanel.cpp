@@ -1,11 +1,11 @@
-#include "ui/audio/equaliserpanel.h"
+#include "ui/equaliser/equaliserpanel.h"
 
 #include "model/tables.h"
-#include "ui/audio/messages.h"
 #include "ui/controls/levelboard.h"
 #include "ui/controls/named.h"
 #include "ui/controls/taborder.h"
 #include "ui/controls/uploadbutton.h"
+#include "ui/equaliser/messages.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "model/settings.h"
-#include "ui/audio/bandframe.h"
-#include "ui/audio/subbassframe.h"
 #include "ui/controls/entrywindow.h"
 #include "ui/controls/statebutton.h"
+#include "ui/equaliser/bandframe.h"
+#include "ui/equaliser/subbassframe.h"
 #include "ui/formats/mutebuttons.h"
 #include "ui/levels/masterfader.h"
 #include "unit/unitlink.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/audio/channelframe.h"
+#include "ui/equaliser/channelframe.h"
 
 namespace kelvo {
 

@@ -1,4 +1,4 @@
-#include "ui/audio/subbassframe.h"
+#include "ui/equaliser/subbassframe.h"
 
 #include "ui/controls/choices.h"
 #include "ui/controls/levelboard.h"

@@ -1,4 +1,4 @@
-#include "ui/audio/channelframe.h"
+#include "ui/equaliser/channelframe.h"
 
 namespace kelvo {
 

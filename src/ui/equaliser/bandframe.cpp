@@ -1,4 +1,4 @@
-#include "ui/audio/bandframe.h"
+#include "ui/equaliser/bandframe.h"
 
 #include "ui/controls/levelboard.h"
 #include "ui/controls/named.h"
