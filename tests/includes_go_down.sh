@@ -29,13 +29,13 @@ allow unit files model
 allow rtf
 allow ui/controls $core
 allow ui/picture $below
-for panel in ui/dialogs ui/formats ui/optical ui/theatre; do
+for panel in ui/simulator ui/formats ui/optical ui/theatre; do
     allow $panel $below ui/picture
 done
 allow ui/levels $below ui/formats
 allow ui/equaliser $below ui/formats ui/levels
 allow ui/help $below rtf
-allow ui/main $below ui/dialogs ui/equaliser ui/formats ui/levels ui/optical ui/theatre ui/help
+allow ui/main $below ui/simulator ui/equaliser ui/formats ui/levels ui/optical ui/theatre ui/help
 
 for folder in $core; do
     if grep -nE '^ *# *include *<(Q|qt)' "$root/$folder"/*; then

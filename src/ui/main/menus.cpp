@@ -1,7 +1,7 @@
 #include "ui/main/frmmain.h"
 
 #include "ui/controls/named.h"
-#include "ui/dialogs/frmsimulator.h"
+#include "ui/simulator/frmsimulator.h"
 #include "ui/theatre/frmtheater.h"
 #include "ui/theatre/frmtime.h"
 

@@ -28,4 +28,15 @@ inline constexpr Message SmallScreen{CriticalError, "Screen Resolution Error",
                                      "at least 800 x 600."};
 inline constexpr Message MissingLibrary{Information, "Device Library", "%1"};
 
+inline constexpr auto Loading = "Loading Please Wait...";
+
+inline constexpr auto ConnectingTitle = "Connecting";
+
+inline constexpr auto AutomaticUpdateTitle = "Automatic Update";
+inline constexpr auto EnableAutomaticUpdate = "Enable Automatic Update";
+inline constexpr auto Every = "Every";
+inline constexpr auto Seconds = "seconds";
+inline constexpr auto RefreshPeriodName = "Period of the automatic update, seconds";
+inline constexpr auto CloseCaption = "Close";
+
 } // namespace kelvo::messages

@@ -1,4 +1,4 @@
-#include "ui/dialogs/frmref.h"
+#include "ui/main/frmref.h"
 
 #include <QAbstractButton>
 #include <QLabel>

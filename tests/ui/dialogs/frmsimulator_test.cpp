@@ -1,5 +1,5 @@
 #include "support/ui/consoleundertest.h"
-#include "ui/dialogs/frmsimulator.h"
+#include "ui/simulator/frmsimulator.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -2,7 +2,7 @@
 
 #include "files/configfile.h"
 #include "files/preferencesfile.h"
-#include "ui/dialogs/frmsplash.h"
+#include "ui/main/frmsplash.h"
 
 #include <QAction>
 #include <QDialog>

@@ -1,8 +1,8 @@
-#include "ui/dialogs/frmref.h"
+#include "ui/main/frmref.h"
 
 #include "model/levels.h"
 #include "ui/controls/named.h"
-#include "ui/dialogs/messages.h"
+#include "ui/main/messages.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>

@@ -1,7 +1,7 @@
-#include "ui/dialogs/frmsplash.h"
+#include "ui/main/frmsplash.h"
 
 #include "ui/controls/named.h"
-#include "ui/dialogs/messages.h"
+#include "ui/main/messages.h"
 
 #include <QCoreApplication>
 #include <QLabel>

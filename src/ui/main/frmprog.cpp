@@ -1,8 +1,8 @@
-#include "ui/dialogs/frmprog.h"
+#include "ui/main/frmprog.h"
 
 #include "ui/controls/messages.h"
 #include "ui/controls/named.h"
-#include "ui/dialogs/messages.h"
+#include "ui/main/messages.h"
 
 #include <QLabel>
 #include <QProgressBar>

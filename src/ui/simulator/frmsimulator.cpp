@@ -1,8 +1,8 @@
-#include "ui/dialogs/frmsimulator.h"
+#include "ui/simulator/frmsimulator.h"
 
 #include "model/tables.h"
 #include "ui/controls/named.h"
-#include "ui/dialogs/messages.h"
+#include "ui/simulator/messages.h"
 #include "unit/messages.h"
 
 #include <QCheckBox>

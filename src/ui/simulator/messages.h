@@ -2,17 +2,6 @@
 
 namespace kelvo::messages {
 
-inline constexpr auto Loading = "Loading Please Wait...";
-
-inline constexpr auto ConnectingTitle = "Connecting";
-
-inline constexpr auto AutomaticUpdateTitle = "Automatic Update";
-inline constexpr auto EnableAutomaticUpdate = "Enable Automatic Update";
-inline constexpr auto Every = "Every";
-inline constexpr auto Seconds = "seconds";
-inline constexpr auto RefreshPeriodName = "Period of the automatic update, seconds";
-inline constexpr auto CloseCaption = "Close";
-
 inline constexpr auto SimulatorTitle = "Simulated Unit";
 inline constexpr auto ReaderCaption = "Optical reader";
 inline constexpr auto StreamLockCaption = "Stream lock";
