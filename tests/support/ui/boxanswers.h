@@ -1,52 +1,46 @@
 #pragma once
 
-#include <QAbstractButton>
-#include <QApplication>
 #include <QMessageBox>
-#include <QObject>
-#include <QStringList>
-#include <QTimer>
+
+#include <functional>
+#include <vector>
 
 namespace kelvo {
 
-/// Answers the message boxes that open while it lives, as a user would with a click, and remembers them.
+/// Answers the boxes and dialogs that open while it lives, as a user would with a click. They come in the
+/// order in which they were announced; one that nobody announced fails the test, and so does one that never
+/// came.
 class BoxAnswers : public QObject {
+    Q_OBJECT
+
   public:
-    BoxAnswers()
-    {
-        timer_.callOnTimeout([this] { AnswerOpenBox(); });
-        timer_.start(1);
-    }
+    using Work = std::function<void(QDialog *)>;
 
-    /// How questions are answered from now on; a box without that button gets its escape button.
-    void AnswerWith(QMessageBox::StandardButton button) { button_ = button; }
+    BoxAnswers();
+    ~BoxAnswers() override;
 
-    /// "title: text" of the boxes that opened since the last call, oldest first.
-    QStringList Seen()
-    {
-        QStringList seen;
-        seen.swap(seen_);
-        return seen;
-    }
+    /// Answers the next box: it must have this title and, when given, this text. `whileOpen` runs first.
+    void AnswerNextBox(const QString &title, QMessageBox::StandardButton button, const QString &text = {},
+                       std::function<void()> whileOpen = {});
+    /// Works on the next dialog that is not a message box, `QFileDialog` included, once it is shown.
+    void WithNextDialog(Work work);
+    /// Chooses a file in the next file dialog; "" cancels it.
+    void ChooseNextFile(const QString &path);
+    /// Works on every box and dialog from now on, for a test that cannot know which ones come.
+    void WithEveryDialog(Work work) { every_ = std::move(work); }
 
-    QMessageBox::Icon LastIcon() const { return lastIcon_; }
+    /// The message box that is open, or null.
+    QMessageBox *OpenBox() const;
+    bool AllBoxesSeen() const { return announced_.empty(); }
+
+  protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
   private:
-    void AnswerOpenBox()
-    {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (!box || !box->isVisible())
-            return;
-        seen_ << box->windowTitle() + ": " + box->text();
-        lastIcon_ = box->icon();
-        QAbstractButton *button = box->button(button_);
-        (button ? button : box->escapeButton())->click();
-    }
+    void Answer(QDialog *dialog);
 
-    QTimer timer_;
-    QMessageBox::StandardButton button_ = QMessageBox::Yes;
-    QMessageBox::Icon lastIcon_ = QMessageBox::NoIcon;
-    QStringList seen_;
+    std::vector<Work> announced_;
+    Work every_;
 };
 
 } // namespace kelvo

@@ -3,68 +3,96 @@
 #include "ui/controls/levelslider.h"
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QTest>
-#include <QWheelEvent>
 
 namespace kelvo {
 
-// What a hand does on a control, event by event, where the fixture's whole strokes are too coarse.
-
-inline void Key(QWidget *target, QEvent::Type type, int key, bool repeat = false,
-                Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+/// "cmdMode(3)": a member of a control array.
+inline QString Member(const char *name, int index)
 {
-    QKeyEvent event(type, key, modifiers, QString(), repeat);
-    QApplication::sendEvent(target, &event);
+    return QString("%1(%2)").arg(name).arg(index);
 }
 
-inline void Press(QWidget *target, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-{
-    Key(target, QEvent::KeyPress, key, false, modifiers);
-}
+/// What a user does with hands. A control is named, or handed over where its name alone does not tell it from
+/// another one; keys go to what has the focus.
+class Hands {
+  public:
+    virtual ~Hands() = default;
 
-/// As a display server sends it: the key stays down, each repeat is a release and a press.
-inline void Repeat(QWidget *target, int key)
-{
-    Key(target, QEvent::KeyRelease, key, true);
-    Key(target, QEvent::KeyPress, key, true);
-}
+    /// A control, or the name of one.
+    struct Target {
+        Target(const char *called) : name(called) {}
+        Target(const QString &called) : name(called) {}
+        Target(QWidget *it) : control(it) {}
 
-inline void Release(QWidget *target, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-{
-    Key(target, QEvent::KeyRelease, key, false, modifiers);
-}
+        QString name{};
+        QWidget *control = nullptr;
+    };
 
-inline void Tap(QWidget *target, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-{
-    Press(target, key, modifiers);
-    Release(target, key, modifiers);
-}
+    /// The control with this name in the window under test, or in any other open one; ends the test when
+    /// there is none.
+    template <typename Control>
+    Control *Find(const QString &name) const
+    {
+        QList<QWidget *> windows = QApplication::topLevelWidgets();
+        windows.prepend(Window());
+        for (QWidget *top : windows) {
+            auto *control = dynamic_cast<Control *>(top);
+            if (!control || top->objectName() != name)
+                control = top->findChild<Control *>(name);
+            if (control)
+                return control;
+        }
+        qFatal("no control of this kind is named %s", qPrintable(name));
+    }
 
+    // The mouse.
+    void Click(const Target &control) const;
+    /// Presses the mouse on the slider's thumb; the button stays down until `Drop`.
+    void Take(const Target &slider) const;
+    void MoveTo(const Target &slider, int position) const;
+    /// Takes the thumb and moves it to a position; the button stays down.
+    void DragTo(const Target &slider, int position) const;
+    void Drop(const Target &slider) const;
+    /// Clicks where the slider's thumb would stand at a position.
+    void ClickAt(const Target &slider, int position) const;
+    /// Drops a list down and clicks the item with this text.
+    void ChooseItem(const Target &list, const QString &item) const;
+    /// Turns the wheel over a control; true when it took that.
+    bool Wheel(const Target &control, int angle) const;
+
+    // Keys.
+    /// What has the keyboard: a control, or the window.
+    QWidget *Focus() const;
+    void Press(int key, Qt::KeyboardModifiers modifiers = {}) const;
+    /// As a display server sends it while the key stays down: a release and a press that say so.
+    void Repeat(int key, Qt::KeyboardModifiers modifiers = {}) const;
+    void Release(int key, Qt::KeyboardModifiers modifiers = {}) const;
+    /// Press and release.
+    void Key(int key, Qt::KeyboardModifiers modifiers = {}) const;
+    /// Selects all, types and presses Enter.
+    void Type(const Target &field, const QString &text) const;
+    /// Types over the text and leaves the field as it is, the focus in it.
+    void TypeOnly(const Target &field, const QString &text) const;
+
+  protected:
+    virtual QWidget *Window() const = 0; ///< the window under test
+
+    /// Offscreen nobody gives the focus back to the window when its box or dialog goes.
+    void KeepActive() const;
+
+  private:
+    template <typename Control>
+    Control *Reach(const Target &target) const
+    {
+        return target.control ? qobject_cast<Control *>(target.control) : Find<Control>(target.name);
+    }
+};
+
+/// Where the middle of the thumb stands when the slider is at a position.
 inline QPoint ThumbOf(const LevelSlider *slider, int position)
 {
     return {slider->width() / 2, slider->CentreOf(position)};
-}
-
-inline bool Wheel(QWidget *target, int angle)
-{
-    const QPointF middle = target->rect().center();
-    QWheelEvent event(middle, target->mapToGlobal(middle), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(target, &event);
-    return event.isAccepted();
-}
-
-/// Presses the mouse on the thumb and moves it to a position; the button stays down.
-inline void DragTo(LevelSlider *slider, int position)
-{
-    QTest::mousePress(slider, Qt::LeftButton, Qt::NoModifier, ThumbOf(slider, slider->value()));
-    QTest::mouseMove(slider, ThumbOf(slider, position));
-}
-
-inline void Drop(LevelSlider *slider)
-{
-    QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, ThumbOf(slider, slider->value()));
 }
 
 } // namespace kelvo

@@ -18,14 +18,15 @@ using namespace kelvo;
 
 namespace {
 
-const QString SixError = "Range Check Error: Error, Please enter a number between -6 and 6!";
-const QString TenError = "Range Check Error: Error, Please enter a number between -10 and 10!";
+const QString RangeTitle = "Range Check Error";
+const QString SixError = "Error, Please enter a number between -6 and 6!";
+const QString TenError = "Error, Please enter a number between -10 and 10!";
 
 /// A window with bass and treble (neighbours), a lone gain pair, three bands, a button, a list and tabs. What
 /// the pairs store and send is written down in order.
-class Window : public QWidget {
+class LevelWindow : public QWidget, public Hands {
   public:
-    Window()
+    LevelWindow()
     {
         auto *rows = new QVBoxLayout(this);
         first = new QPushButton("first");
@@ -60,6 +61,7 @@ class Window : public QWidget {
         return taken;
     }
 
+    BoxAnswers boxes;
     EntryWindow entries;
     QPushButton *first;
     QComboBox *list;
@@ -67,6 +69,9 @@ class Window : public QWidget {
     LevelPair *bass, *treble, *gain;
     std::array<LevelPair *, 3> bands{};
     QStringList events;
+
+  protected:
+    QWidget *Window() const override { return const_cast<LevelWindow *>(this); }
 
   private:
     LevelPair *Add(QHBoxLayout *columns, const LevelRule &rule, const QString &name)
@@ -83,13 +88,6 @@ class Window : public QWidget {
         return pair;
     }
 };
-
-void Type(LevelPair *pair, const QString &text)
-{
-    pair->Field()->setFocus();
-    pair->Field()->selectAll();
-    QTest::keyClicks(pair->Field(), text);
-}
 
 } // namespace
 
@@ -142,7 +140,7 @@ class LevelPairTest : public QObject {
 
 void LevelPairTest::position0IsDrawnAtTheTop()
 {
-    Window window;
+    LevelWindow window;
     const LevelSlider *slider = window.gain->Slider();
     QCOMPARE(slider->orientation(), Qt::Vertical);
     QCOMPARE(slider->minimum(), 0);
@@ -155,17 +153,16 @@ void LevelPairTest::position0IsDrawnAtTheTop()
 
 void LevelPairTest::typedValueIsStoredAndSentOnceByEnter()
 {
-    Window window;
-    Type(window.bass, "3");
+    LevelWindow window;
+    window.TypeOnly(window.bass->Field(), "3");
     QCOMPARE(window.Events(), QStringList());
-    QTest::keyClick(window.bass->Field(), Qt::Key_Enter);
+    window.Key(Qt::Key_Enter);
     QCOMPARE(window.bass->Position(), 7);
     QCOMPARE(window.bass->Field()->text(), "3");
     QCOMPARE(window.Events(), QStringList({"Bass=7", "send"}));
     QVERIFY(window.bass->Field()->hasFocus());
 
-    Type(window.bass, "3");
-    QTest::keyClick(window.bass->Field(), Qt::Key_Return);
+    window.Type(window.bass->Field(), "3");
     QCOMPARE(window.Events(), QStringList());
 }
 
@@ -189,9 +186,8 @@ void LevelPairTest::typedValueGoesDownToItsStep()
     QFETCH(QString, typed);
     QFETCH(int, position);
     QFETCH(QString, shown);
-    Window window;
-    Type(window.gain, typed);
-    QTest::keyClick(window.gain->Field(), Qt::Key_Return);
+    LevelWindow window;
+    window.Type(window.gain->Field(), typed);
     QCOMPARE(window.gain->Position(), position);
     QCOMPARE(window.gain->Field()->text(), shown);
     QCOMPARE(window.Events(), QStringList({QString("Gain=%1").arg(position), "send"}));
@@ -199,10 +195,10 @@ void LevelPairTest::typedValueGoesDownToItsStep()
 
 void LevelPairTest::escapeGivesBackTheValueOfTheSlider()
 {
-    Window window;
+    LevelWindow window;
     window.bass->ShowPosition(4);
-    Type(window.bass, "9");
-    QTest::keyClick(window.bass->Field(), Qt::Key_Escape);
+    window.TypeOnly(window.bass->Field(), "9");
+    window.Key(Qt::Key_Escape);
     QCOMPARE(window.bass->Field()->text(), "6");
     QVERIFY(window.bass->Field()->hasFocus());
     QCOMPARE(window.Events(), QStringList());
@@ -210,26 +206,22 @@ void LevelPairTest::escapeGivesBackTheValueOfTheSlider()
 
 void LevelPairTest::unreadableTextGivesBackTheValueOfTheSlider()
 {
-    BoxAnswers boxes;
-    Window window;
+    LevelWindow window;
     window.gain->ShowPosition(3);
     for (const char *text : {"abc", "--3", "3dB", "-"}) {
-        Type(window.gain, text);
-        QTest::keyClick(window.gain->Field(), Qt::Key_Return);
+        window.Type(window.gain->Field(), text);
         QCOMPARE(window.gain->Field()->text(), "4.5");
     }
     QCOMPARE(window.Events(), QStringList());
-    QCOMPARE(boxes.Seen(), QStringList());
 }
 
 void LevelPairTest::badValueIsToldOnceAndStaysSelectedInTheField()
 {
-    BoxAnswers boxes;
-    Window window;
-    Type(window.bass, "11");
-    QTest::keyClick(window.bass->Field(), Qt::Key_Return);
-    QCOMPARE(boxes.Seen(), QStringList(TenError));
-    QCOMPARE(boxes.LastIcon(), QMessageBox::Warning);
+    LevelWindow window;
+    window.boxes.AnswerNextBox(RangeTitle, QMessageBox::Ok, TenError,
+                               [&window] { QCOMPARE(window.boxes.OpenBox()->icon(), QMessageBox::Warning); });
+    window.Type(window.bass->Field(), "11");
+    QVERIFY(window.boxes.AllBoxesSeen());
     QCOMPARE(window.bass->Field()->text(), "11");
     QCOMPARE(window.bass->Field()->selectedText(), "11");
     QTRY_VERIFY(window.bass->Field()->hasFocus());
@@ -237,16 +229,15 @@ void LevelPairTest::badValueIsToldOnceAndStaysSelectedInTheField()
     QCOMPARE(window.Events(), QStringList());
 
     QTest::keyClicks(window.bass->Field(), "3");
-    QTest::keyClick(window.bass->Field(), Qt::Key_Return);
+    window.Key(Qt::Key_Return);
     QCOMPARE(window.bass->Field()->text(), "3");
-    QCOMPARE(boxes.Seen(), QStringList());
 }
 
 void LevelPairTest::leavingTheFieldByTabTakesTheValue()
 {
-    Window window;
-    Type(window.bass, "3");
-    QTest::keyClick(window.bass->Field(), Qt::Key_Tab);
+    LevelWindow window;
+    window.TypeOnly(window.bass->Field(), "3");
+    window.Key(Qt::Key_Tab);
     QVERIFY(!window.bass->Field()->hasFocus());
     QCOMPARE(window.bass->Position(), 7);
     QCOMPARE(window.Events(), QStringList({"Bass=7", "send"}));
@@ -254,7 +245,7 @@ void LevelPairTest::leavingTheFieldByTabTakesTheValue()
 
 void LevelPairTest::leavingAnUntouchedFieldTakesNothing()
 {
-    Window window;
+    LevelWindow window;
     window.bass->Field()->setFocus();
     window.first->setFocus();
     QCOMPARE(window.Events(), QStringList());
@@ -262,8 +253,8 @@ void LevelPairTest::leavingAnUntouchedFieldTakesNothing()
 
 void LevelPairTest::anotherWindowDoesNotTakeTheText()
 {
-    Window window;
-    Type(window.bass, "11");
+    LevelWindow window;
+    window.TypeOnly(window.bass->Field(), "11");
     QFocusEvent away(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
     QApplication::sendEvent(window.bass->Field(), &away);
     QCOMPARE(window.bass->Field()->text(), "11");
@@ -275,45 +266,49 @@ void LevelPairTest::anotherWindowDoesNotTakeTheText()
 
 void LevelPairTest::badValueKeepsTheFocusAndTheClickIsNotCarriedOut()
 {
-    BoxAnswers boxes;
-    Window window;
-    Type(window.gain, "6.1");
-    QTest::mouseClick(window.first, Qt::LeftButton);
-    QCOMPARE(boxes.Seen(), QStringList(SixError));
+    LevelWindow window;
+    window.TypeOnly(window.gain->Field(), "6.1");
+    window.boxes.AnswerNextBox(RangeTitle, QMessageBox::Ok, SixError);
+    window.Click(window.first);
+    QVERIFY(window.boxes.AllBoxesSeen());
     QCOMPARE(window.Events(), QStringList());
     QTRY_VERIFY(window.gain->Field()->hasFocus());
     QCOMPARE(window.gain->Field()->selectedText(), "6.1");
     QVERIFY(!window.first->isDown());
 
     LevelSlider *treble = window.treble->Slider();
-    QTest::mouseClick(treble, Qt::LeftButton, Qt::NoModifier, ThumbOf(treble, 20));
-    QCOMPARE(boxes.Seen(), QStringList(SixError));
+    window.boxes.AnswerNextBox(RangeTitle, QMessageBox::Ok, SixError);
+    window.ClickAt(treble, 20);
+    QVERIFY(window.boxes.AllBoxesSeen());
     QCOMPARE(treble->value(), 10);
     QCOMPARE(window.Events(), QStringList());
 }
 
 void LevelPairTest::badValueKeepsAListClosedAndATabWhereItIs()
 {
-    BoxAnswers boxes;
-    Window window;
-    Type(window.gain, "9");
-    QTest::mouseClick(window.list, Qt::LeftButton);
-    QCOMPARE(boxes.Seen(), QStringList(SixError));
+    LevelWindow window;
+    window.TypeOnly(window.gain->Field(), "9");
+    window.boxes.AnswerNextBox(RangeTitle, QMessageBox::Ok, SixError);
+    window.Click(window.list);
+    QVERIFY(window.boxes.AllBoxesSeen());
     QVERIFY(!QApplication::activePopupWidget());
 
     const QPoint other = window.tabs->tabBar()->tabRect(1).center();
+    window.boxes.AnswerNextBox(RangeTitle, QMessageBox::Ok, SixError);
     QTest::mouseClick(window.tabs->tabBar(), Qt::LeftButton, Qt::NoModifier, other);
-    QCOMPARE(boxes.Seen(), QStringList(SixError));
+    QVERIFY(window.boxes.AllBoxesSeen());
     QCOMPARE(window.tabs->currentIndex(), 0);
 
     QVERIFY(QTest::qWaitForWindowActive(&window));
-    QTest::keyClick(&window, Qt::Key_O, Qt::AltModifier);
-    QCOMPARE(boxes.Seen(), QStringList(SixError));
+    window.boxes.AnswerNextBox(RangeTitle, QMessageBox::Ok, SixError);
+    window.Key(Qt::Key_O, Qt::AltModifier);
+    QVERIFY(window.boxes.AllBoxesSeen());
     QCOMPARE(window.tabs->currentIndex(), 0);
 
-    QTest::keyClick(window.gain->Field(), Qt::Key_Tab, Qt::ControlModifier);
+    window.boxes.AnswerNextBox(RangeTitle, QMessageBox::Ok, SixError);
+    window.Key(Qt::Key_Tab, Qt::ControlModifier);
     QVERIFY(QTest::qWaitForWindowActive(&window));
-    QCOMPARE(boxes.Seen(), QStringList(SixError));
+    QVERIFY(window.boxes.AllBoxesSeen());
     QCOMPARE(window.tabs->currentIndex(), 0);
     QTRY_VERIFY(window.gain->Field()->hasFocus());
     QCOMPARE(window.Events(), QStringList());
@@ -321,25 +316,25 @@ void LevelPairTest::badValueKeepsAListClosedAndATabWhereItIs()
 
 void LevelPairTest::afterABadValueTheNextClickWorksAgain()
 {
-    BoxAnswers boxes;
-    Window window;
-    Type(window.gain, "7");
-    QTest::mouseClick(window.first, Qt::LeftButton);
-    QCOMPARE(boxes.Seen(), QStringList(SixError));
-    QTest::keyClick(window.gain->Field(), Qt::Key_Escape);
-    QTest::mouseClick(window.first, Qt::LeftButton);
+    LevelWindow window;
+    window.TypeOnly(window.gain->Field(), "7");
+    window.boxes.AnswerNextBox(RangeTitle, QMessageBox::Ok, SixError);
+    window.Click(window.first);
+    QVERIFY(window.boxes.AllBoxesSeen());
+    window.Key(Qt::Key_Escape);
+    window.Click(window.first);
     QCOMPARE(window.Events(), QStringList("click"));
     QTRY_VERIFY(window.first->hasFocus());
 }
 
 void LevelPairTest::goodValueLetsTheClickThrough()
 {
-    Window window;
-    Type(window.gain, "1");
+    LevelWindow window;
+    window.TypeOnly(window.gain->Field(), "1");
     const QPoint other = window.tabs->tabBar()->tabRect(1).center();
-    QTest::mouseClick(window.first, Qt::LeftButton);
+    window.Click(window.first);
     QCOMPARE(window.Events(), QStringList({"Gain=10", "send", "click"}));
-    Type(window.gain, "2");
+    window.TypeOnly(window.gain->Field(), "2");
     QTest::mouseClick(window.tabs->tabBar(), Qt::LeftButton, Qt::NoModifier, other);
     QCOMPARE(window.Events(), QStringList({"Gain=8", "send"}));
     QCOMPARE(window.tabs->currentIndex(), 1);
@@ -347,22 +342,22 @@ void LevelPairTest::goodValueLetsTheClickThrough()
 
 void LevelPairTest::fieldThatWasDisabledTakesAGoodValueAndDropsABadOne()
 {
-    BoxAnswers boxes;
-    Window window;
-    Type(window.gain, "1");
+    LevelWindow window;
+    window.TypeOnly(window.gain->Field(), "1");
     window.tabs->setEnabled(false);
     QCOMPARE(window.Events(), QStringList({"Gain=10", "send"}));
     window.tabs->setEnabled(true);
-    Type(window.gain, "7");
+    window.TypeOnly(window.gain->Field(), "7");
     window.tabs->setEnabled(false);
     QCOMPARE(window.gain->Field()->text(), "1.0");
     QCOMPARE(window.Events(), QStringList());
-    QCOMPARE(boxes.Seen(), QStringList());
 }
 
 void LevelPairTest::enterInADialogIsNotItsDefaultButton()
 {
-    QDialog dialog;
+    struct Dialog : QDialog, Hands {
+        QWidget *Window() const override { return const_cast<Dialog *>(this); }
+    } dialog;
     auto *rows = new QVBoxLayout(&dialog);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     EntryWindow entries;
@@ -376,30 +371,28 @@ void LevelPairTest::enterInADialogIsNotItsDefaultButton()
     connect(buttons, &QDialogButtonBox::rejected, &dialog, [&] { events << "rejected"; });
     dialog.show();
     QVERIFY(QTest::qWaitForWindowActive(&dialog));
-    Type(&pair, "1");
-    QTest::keyClick(pair.Field(), Qt::Key_Return);
-    QTest::keyClick(pair.Field(), Qt::Key_Enter);
-    QTest::keyClick(pair.Field(), Qt::Key_Escape);
+    dialog.Type(pair.Field(), "1");
+    dialog.Key(Qt::Key_Enter);
+    dialog.Key(Qt::Key_Escape);
     QCOMPARE(events, QStringList("9"));
     QVERIFY(dialog.isVisible());
 }
 
 void LevelPairTest::valueEqualToThePositionAtFocusIsStoredButNotSent()
 {
-    Window window;
+    LevelWindow window;
     window.bass->Slider()->setFocus();
     QCOMPARE(window.entries.FocusPosition, 10);
-    Tap(window.bass->Slider(), Qt::Key_Up);
+    window.Key(Qt::Key_Up);
     QCOMPARE(window.Events(), QStringList({"Bass=9", "send"}));
-    Type(window.bass, "0");
-    QTest::keyClick(window.bass->Field(), Qt::Key_Return);
+    window.Type(window.bass->Field(), "0");
     QCOMPARE(window.bass->Position(), 10);
     QCOMPARE(window.Events(), QStringList("Bass=10"));
 }
 
 void LevelPairTest::firstChangeOfTheWindowAlwaysCounts()
 {
-    Window window;
+    LevelWindow window;
     QCOMPARE(window.entries.FocusPosition, 255);
     window.gain->Slider()->setValue(0);
     QCOMPARE(window.Events(), QStringList({"Gain=0", "send"}));
@@ -407,18 +400,17 @@ void LevelPairTest::firstChangeOfTheWindowAlwaysCounts()
 
 void LevelPairTest::focusPositionIsOneForAllSlidersOfTheWindow()
 {
-    Window window;
+    LevelWindow window;
     window.gain->ShowPosition(3);
     window.gain->Slider()->setFocus();
     QCOMPARE(window.entries.FocusPosition, 3);
-    Type(window.bass, "7");
-    QTest::keyClick(window.bass->Field(), Qt::Key_Return);
+    window.Type(window.bass->Field(), "7");
     QCOMPARE(window.Events(), QStringList("Bass=3"));
 }
 
 void LevelPairTest::focusPositionIsNotTakenWhenABoxCloses()
 {
-    Window window;
+    LevelWindow window;
     LevelSlider *slider = window.gain->Slider();
     slider->setFocus();
     slider->setValue(5);
@@ -453,62 +445,62 @@ void LevelPairTest::oneKeyPressIsOneStep()
     QFETCH(bool, keypad);
     QFETCH(int, position);
     const auto modifiers = keypad ? Qt::KeypadModifier : Qt::NoModifier;
-    Window window;
+    LevelWindow window;
     LevelSlider *slider = window.gain->Slider();
     slider->setFocus();
-    Press(slider, key, modifiers);
+    window.Press(key, modifiers);
     QCOMPARE(slider->value(), position);
     QCOMPARE(window.gain->Field()->text(), QString::number((12 - position) / 2.0, 'f', 1));
     QCOMPARE(window.Events(), QStringList());
     QVERIFY(!window.entries.SendArmed);
-    Release(slider, key, modifiers);
+    window.Release(key, modifiers);
     QVERIFY(window.entries.SendArmed);
     QCOMPARE(window.Events(), QStringList({QString("Gain=%1").arg(position), "send"}));
 }
 
 void LevelPairTest::heldKeyStepsAndSendsOnceOnTheRealRelease()
 {
-    Window window;
+    LevelWindow window;
     LevelSlider *slider = window.bass->Slider();
     slider->setFocus();
-    Press(slider, Qt::Key_Up);
+    window.Press(Qt::Key_Up);
     for (int i = 0; i < 3; ++i)
-        Repeat(slider, Qt::Key_Up);
+        window.Repeat(Qt::Key_Up);
     QCOMPARE(slider->value(), 6);
     QCOMPARE(window.bass->Field()->text(), "4");
     QCOMPARE(window.Events(), QStringList());
     QVERIFY(window.entries.sliderHeld == slider);
-    Release(slider, Qt::Key_Up);
+    window.Release(Qt::Key_Up);
     QCOMPARE(window.Events(), QStringList({"Bass=6", "send"}));
     QVERIFY(!window.entries.sliderHeld);
 }
 
 void LevelPairTest::keysStopAtBothEnds()
 {
-    Window window;
+    LevelWindow window;
     LevelSlider *slider = window.gain->Slider();
     window.gain->ShowPosition(0);
     slider->setFocus();
-    Tap(slider, Qt::Key_Up);
-    Tap(slider, Qt::Key_PageUp);
-    Tap(slider, Qt::Key_Home);
+    window.Key(Qt::Key_Up);
+    window.Key(Qt::Key_PageUp);
+    window.Key(Qt::Key_Home);
     QCOMPARE(slider->value(), 0);
     QCOMPARE(window.Events(), QStringList());
     window.gain->ShowPosition(24);
-    Tap(slider, Qt::Key_Down);
-    Tap(slider, Qt::Key_End);
+    window.Key(Qt::Key_Down);
+    window.Key(Qt::Key_End);
     QCOMPARE(slider->value(), 24);
     QCOMPARE(window.Events(), QStringList());
 }
 
 void LevelPairTest::otherKeysDoNothing()
 {
-    Window window;
+    LevelWindow window;
     LevelSlider *slider = window.gain->Slider();
     slider->setFocus();
     for (const int key : {int(Qt::Key_A), int(Qt::Key_Plus), int(Qt::Key_Minus), int(Qt::Key_Space),
                           int(Qt::Key_Shift), int(Qt::Key_Return)})
-        Tap(slider, key);
+        window.Key(key);
     QCOMPARE(slider->value(), 12);
     QVERIFY(window.entries.SendArmed);
     QCOMPARE(window.Events(), QStringList());
@@ -516,34 +508,34 @@ void LevelPairTest::otherKeysDoNothing()
 
 void LevelPairTest::releaseOfAnyKeySendsWhatWasMoved()
 {
-    Window window;
+    LevelWindow window;
     LevelSlider *slider = window.gain->Slider();
     slider->setFocus();
-    Press(slider, Qt::Key_Up);
-    Press(slider, Qt::Key_A);
-    Release(slider, Qt::Key_A);
+    window.Press(Qt::Key_Up);
+    window.Press(Qt::Key_A);
+    window.Release(Qt::Key_A);
     QCOMPARE(window.Events(), QStringList({"Gain=11", "send"}));
-    Release(slider, Qt::Key_Up);
+    window.Release(Qt::Key_Up);
     QCOMPARE(window.Events(), QStringList());
 }
 
 void LevelPairTest::leftAndRightGoToTheNeighbourAndRoundTheEnds()
 {
-    Window window;
+    LevelWindow window;
     window.bass->Slider()->setFocus();
-    Tap(window.bass->Slider(), Qt::Key_Right);
+    window.Key(Qt::Key_Right);
     QVERIFY(window.treble->Slider()->hasFocus());
-    Tap(window.treble->Slider(), Qt::Key_Right);
+    window.Key(Qt::Key_Right);
     QVERIFY(window.bass->Slider()->hasFocus());
-    Tap(window.bass->Slider(), Qt::Key_Left);
+    window.Key(Qt::Key_Left);
     QVERIFY(window.treble->Slider()->hasFocus());
 
     window.bands[0]->Slider()->setFocus();
-    Tap(window.bands[0]->Slider(), Qt::Key_Left);
+    window.Key(Qt::Key_Left);
     QVERIFY(window.bands[2]->Slider()->hasFocus());
-    Tap(window.bands[2]->Slider(), Qt::Key_Right);
+    window.Key(Qt::Key_Right);
     QVERIFY(window.bands[0]->Slider()->hasFocus());
-    Tap(window.bands[0]->Slider(), Qt::Key_Right);
+    window.Key(Qt::Key_Right);
     QVERIFY(window.bands[1]->Slider()->hasFocus());
     QCOMPARE(window.bands[0]->Position(), 12);
     QCOMPARE(window.Events(), QStringList());
@@ -551,29 +543,29 @@ void LevelPairTest::leftAndRightGoToTheNeighbourAndRoundTheEnds()
 
 void LevelPairTest::keyHeldAcrossAFocusChangeIsSentThere()
 {
-    Window window;
+    LevelWindow window;
     LevelSlider *slider = window.bass->Slider();
     slider->setFocus();
-    Press(slider, Qt::Key_Up);
-    Press(slider, Qt::Key_Right);
+    window.Press(Qt::Key_Up);
+    window.Press(Qt::Key_Right);
     QCOMPARE(window.Events(), QStringList({"Bass=9", "send"}));
     QVERIFY(window.entries.SendArmed);
-    Release(window.treble->Slider(), Qt::Key_Right);
+    window.Release(Qt::Key_Right);
     QCOMPARE(window.Events(), QStringList());
 
     window.gain->Slider()->setFocus();
-    Press(window.gain->Slider(), Qt::Key_Down);
-    QTest::keyClick(window.gain->Slider(), Qt::Key_Tab);
+    window.Press(Qt::Key_Down);
+    window.Key(Qt::Key_Tab);
     QVERIFY(window.entries.SendArmed);
     QCOMPARE(window.Events(), QStringList({"Gain=13", "send"}));
 }
 
 void LevelPairTest::keyHeldWhileTheSliderIsDisabledIsStored()
 {
-    Window window;
+    LevelWindow window;
     LevelSlider *slider = window.gain->Slider();
     slider->setFocus();
-    Press(slider, Qt::Key_Down);
+    window.Press(Qt::Key_Down);
     window.tabs->setEnabled(false);
     QVERIFY(window.entries.SendArmed);
     QVERIFY(!window.entries.sliderHeld);
@@ -582,49 +574,48 @@ void LevelPairTest::keyHeldWhileTheSliderIsDisabledIsStored()
 
 void LevelPairTest::keyHeldIsSentBeforeACommandRuns()
 {
-    Window window;
+    LevelWindow window;
     window.gain->Slider()->setFocus();
-    Press(window.gain->Slider(), Qt::Key_Down);
+    window.Press(Qt::Key_Down);
     QVERIFY(window.entries.CommitEntry());
     QCOMPARE(window.Events(), QStringList({"Gain=13", "send"}));
-    Release(window.gain->Slider(), Qt::Key_Down);
+    window.Release(Qt::Key_Down);
     QCOMPARE(window.Events(), QStringList());
 }
 
 void LevelPairTest::dragMovesTheFieldAndSendsOnceAtItsEnd()
 {
-    Window window;
+    LevelWindow window;
     LevelSlider *slider = window.gain->Slider();
-    QTest::mousePress(slider, Qt::LeftButton, Qt::NoModifier, ThumbOf(slider, 12));
+    window.Take(slider);
     QVERIFY(window.entries.sliderHeld == slider);
     for (int position = 11; position >= 0; --position) {
-        QTest::mouseMove(slider, ThumbOf(slider, position));
+        window.MoveTo(slider, position);
         QCOMPARE(slider->value(), position);
         QCOMPARE(window.gain->Field()->text(), QString::number((12 - position) / 2.0, 'f', 1));
     }
     QCOMPARE(window.Events(), QStringList());
-    QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, ThumbOf(slider, 0));
+    window.Drop(slider);
     QCOMPARE(window.Events(), QStringList({"Gain=0", "send"}));
     QVERIFY(!window.entries.sliderHeld);
 }
 
 void LevelPairTest::dragThatEndsWhereItBeganSendsNothing()
 {
-    Window window;
+    LevelWindow window;
     LevelSlider *slider = window.gain->Slider();
-    QTest::mousePress(slider, Qt::LeftButton, Qt::NoModifier, ThumbOf(slider, 12));
-    QTest::mouseMove(slider, ThumbOf(slider, 4));
-    QTest::mouseMove(slider, ThumbOf(slider, 12));
-    QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, ThumbOf(slider, 12));
+    window.DragTo(slider, 4);
+    window.MoveTo(slider, 12);
+    window.Drop(slider);
     QCOMPARE(slider->value(), 12);
     QCOMPARE(window.Events(), QStringList());
 }
 
 void LevelPairTest::grooveClickIsOneChange()
 {
-    Window window;
+    LevelWindow window;
     LevelSlider *slider = window.gain->Slider();
-    QTest::mouseClick(slider, Qt::LeftButton, Qt::NoModifier, ThumbOf(slider, 23));
+    window.ClickAt(slider, 23);
     QCOMPARE(slider->value(), 14);
     QCOMPARE(window.Events(), QStringList({"Gain=14", "send"}));
     QTest::mouseClick(slider, Qt::RightButton, Qt::NoModifier, ThumbOf(slider, 1));
@@ -634,14 +625,13 @@ void LevelPairTest::grooveClickIsOneChange()
 
 void LevelPairTest::dragThatLosesItsReleaseIsTakenOnce()
 {
-    Window window;
+    LevelWindow window;
     LevelSlider *slider = window.gain->Slider();
-    QTest::mousePress(slider, Qt::LeftButton, Qt::NoModifier, ThumbOf(slider, 12));
-    QTest::mouseMove(slider, ThumbOf(slider, 6));
+    window.DragTo(slider, 6);
     window.tabs->setEnabled(false);
     QCOMPARE(window.Events(), QStringList({"Gain=6", "send"}));
     window.tabs->setEnabled(true);
-    QTest::mouseMove(slider, ThumbOf(slider, 2));
+    window.MoveTo(slider, 2);
     QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, ThumbOf(slider, 2));
     QCOMPARE(slider->value(), 6);
     QCOMPARE(window.Events(), QStringList());
@@ -649,25 +639,25 @@ void LevelPairTest::dragThatLosesItsReleaseIsTakenOnce()
 
 void LevelPairTest::wheelNeedsTheFocusAndIsOneChange()
 {
-    Window window;
+    LevelWindow window;
     LevelSlider *slider = window.gain->Slider();
     window.first->setFocus();
-    QVERIFY(!Wheel(slider, 120));
+    QVERIFY(!window.Wheel(slider, 120));
     QCOMPARE(slider->value(), 12);
     slider->setFocus();
-    QVERIFY(Wheel(slider, 120));
+    QVERIFY(window.Wheel(slider, 120));
     QCOMPARE(slider->value(), 11);
     QCOMPARE(window.Events(), QStringList({"Gain=11", "send"}));
-    QVERIFY(Wheel(slider, -60));
+    QVERIFY(window.Wheel(slider, -60));
     QCOMPARE(window.Events(), QStringList());
-    QVERIFY(Wheel(slider, -180));
+    QVERIFY(window.Wheel(slider, -180));
     QCOMPARE(slider->value(), 13);
     QCOMPARE(window.Events(), QStringList({"Gain=13", "send"}));
 }
 
 void LevelPairTest::valueSetByCodeFromOutsideIsAChange()
 {
-    Window window;
+    LevelWindow window;
     window.bands[1]->Slider()->setValue(20);
     QCOMPARE(window.bands[1]->Field()->text(), "-4.0");
     QCOMPARE(window.Events(), QStringList({"Band=20", "send"}));
@@ -677,7 +667,7 @@ void LevelPairTest::valueSetByCodeFromOutsideIsAChange()
 
 void LevelPairTest::shownPositionIsQuiet()
 {
-    Window window;
+    LevelWindow window;
     window.gain->ShowPosition(200);
     QCOMPARE(window.gain->Position(), 24);
     QCOMPARE(window.gain->Field()->text(), "-6.0");
@@ -688,11 +678,11 @@ void LevelPairTest::shownPositionIsQuiet()
 
 void LevelPairTest::fieldBeingTypedInIsNotRewritten()
 {
-    Window window;
-    Type(window.gain, "2.");
+    LevelWindow window;
+    window.TypeOnly(window.gain->Field(), "2.");
     window.gain->ShowPosition(0);
     QCOMPARE(window.gain->Field()->text(), "2.");
-    QTest::keyClick(window.gain->Field(), Qt::Key_Return);
+    window.Key(Qt::Key_Return);
     QCOMPARE(window.gain->Field()->text(), "2.0");
     QCOMPARE(window.Events(), QStringList({"Gain=8", "send"}));
     window.gain->ShowPosition(0);
@@ -701,7 +691,7 @@ void LevelPairTest::fieldBeingTypedInIsNotRewritten()
 
 void LevelPairTest::fieldsOfOneRuleShareOneWidth()
 {
-    Window window;
+    LevelWindow window;
     QCOMPARE(window.bass->Field()->width(), window.treble->Field()->width());
     QCOMPARE(window.bands[0]->Field()->width(), window.gain->Field()->width());
     QVERIFY(window.gain->Field()->width() > window.fontMetrics().horizontalAdvance("-6.0"));
@@ -714,27 +704,26 @@ void LevelPairTest::fieldsOfOneRuleShareOneWidth()
 
 void LevelPairTest::hostileTextsAreRefusedOrDropped()
 {
-    BoxAnswers boxes;
-    Window window;
+    LevelWindow window;
     for (const QString &text : {QString(10000, '9'), QString("1e3"), QString("1e999999999")}) {
         window.gain->Field()->setFocus();
         window.gain->Field()->setText(text);
-        QTest::keyClick(window.gain->Field(), Qt::Key_Return);
-        QCOMPARE(boxes.Seen(), QStringList(SixError));
+        window.boxes.AnswerNextBox(RangeTitle, QMessageBox::Ok, SixError);
+        window.Key(Qt::Key_Return);
+        QVERIFY(window.boxes.AllBoxesSeen());
     }
     for (const QString &text :
          {QString(10000, 'x'), QString(QChar(1)), QString("3\u2028"), QString(40000, '-')}) {
         window.gain->Field()->setText(text);
-        QTest::keyClick(window.gain->Field(), Qt::Key_Return);
+        window.Key(Qt::Key_Return);
         QCOMPARE(window.gain->Field()->text(), "0.0");
     }
-    QCOMPARE(boxes.Seen(), QStringList());
     QCOMPARE(window.Events(), QStringList());
 }
 
 void LevelPairTest::textIsNotDroppedIntoAField()
 {
-    Window window;
+    LevelWindow window;
     QMimeData text;
     text.setText("3");
     QDragEnterEvent dragged({5, 5}, Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);

@@ -1,5 +1,4 @@
 #include "support/ui/consoleundertest.h"
-#include "support/ui/hands.h"
 
 #include <QGroupBox>
 #include <QLineEdit>
@@ -15,11 +14,6 @@ namespace {
 const std::array<const char *, 6> ChannelNames{"Left Channel",   "Left Surround Channel",
                                                "Center Channel", "Right Surround Channel",
                                                "Right Channel",  "Subwoofer Channel"};
-
-QString Member(const char *name, int index)
-{
-    return QString("%1(%2)").arg(name).arg(index);
-}
 
 /// A unit whose channels are all flat.
 void FlattenUnit(ConsoleUnderTest &start)
@@ -40,20 +34,17 @@ struct Console : ConsoleUnderTest {
         settings.Options.AutoUpload = true;
     }
 
-    LevelSlider *Slider(const char *name, int index) const
-    {
-        return Find<LevelSlider>(qPrintable(Member(name, index)));
-    }
+    LevelSlider *Slider(const char *name, int index) const { return Find<LevelSlider>(Member(name, index)); }
     LevelSlider *Slider(const char *name) const { return Find<LevelSlider>(name); }
-    QString Text(const char *field) const { return Find<QLineEdit>(field)->text(); }
-    QString Text(const char *name, int index) const { return Text(qPrintable(Member(name, index))); }
-    void Choose(int channel) { Click(qPrintable(Member("cmdEQChan", channel))); }
+    QString Text(const QString &field) const { return Find<QLineEdit>(field)->text(); }
+    QString Text(const char *name, int index) const { return Text(Member(name, index)); }
+    void Choose(int channel) { Click(Member("cmdEQChan", channel)); }
     ChannelSlice &Slice(int channel) { return settings.Audio.ChannelEq[std::size_t(channel)]; }
     ChannelSlice &OfUnit(int channel) { return unit.audio.ChannelEq[std::size_t(channel)]; }
     bool IsShown(const char *frame) const { return Find<QWidget>(frame)->isVisible(); }
     QAbstractButton *Option(const char *name, int index) const
     {
-        return Find<QRadioButton>(qPrintable(Member(name, index)));
+        return Find<QRadioButton>(Member(name, index));
     }
 };
 
@@ -140,7 +131,7 @@ void EqualiserPanelTest::currentChannelIsGreyAndBold()
     Console console;
     console.Choose(Center);
     for (int channel = 0; channel < ChannelCount; ++channel) {
-        auto *button = console.Find<QPushButton>(qPrintable(Member("cmdEQChan", channel)));
+        auto *button = console.Find<QPushButton>(Member("cmdEQChan", channel));
         const QColor face = button->grab().toImage().pixelColor(5, 5);
         QCOMPARE(button->font().bold(), channel == Center);
         QCOMPARE(face == QColor(128, 128, 128), channel == Center);
@@ -177,11 +168,11 @@ void EqualiserPanelTest::channelsBytesAreShownAsDecibels()
 void EqualiserPanelTest::bandDraggedByMouseIsStoredAndSentOnce()
 {
     Console console;
-    DragTo(console.Slider("sclA", 14), 4);
+    console.DragTo(console.Slider("sclA", 14), 4);
     QCOMPARE(console.Text("lblBand(14)"), "4.0");
     QCOMPARE(console.Calls(), Calls{});
     QVERIFY(!console.settings.SettingsChanged);
-    Drop(console.Slider("sclA", 14));
+    console.Drop(console.Slider("sclA", 14));
     QCOMPARE(console.Calls(), Calls{"SetAudio"});
     QCOMPARE(console.OfUnit(Left).Band[14], Byte(4));
     QVERIFY(console.settings.SettingsChanged);
@@ -205,20 +196,20 @@ void EqualiserPanelTest::bandKeysAndNeighboursGoRoundTheEnds()
     LevelSlider *first = console.Slider("sclA", 0);
     LevelSlider *last = console.Slider("sclA", 26);
     first->setFocus();
-    Tap(first, Qt::Key_Left);
+    console.Key(Qt::Key_Left);
     QVERIFY(last->hasFocus());
-    Tap(last, Qt::Key_Right);
+    console.Key(Qt::Key_Right);
     QVERIFY(first->hasFocus());
-    Press(first, Qt::Key_Plus, Qt::KeypadModifier);
-    Repeat(first, Qt::Key_Up);
+    console.Press(Qt::Key_Plus, Qt::KeypadModifier);
+    console.Repeat(Qt::Key_Up);
     QCOMPARE(console.Calls(), Calls{});
-    Release(first, Qt::Key_Plus, Qt::KeypadModifier);
+    console.Release(Qt::Key_Plus, Qt::KeypadModifier);
     QCOMPARE(console.Text("lblBand(0)"), "1.0");
     QCOMPARE(console.Calls(), Calls{"SetAudio"});
 
     console.Choose(LeftSurround);
     console.Slider("sclB", 8)->setFocus();
-    Tap(console.Slider("sclB", 8), Qt::Key_Right);
+    console.Key(Qt::Key_Right);
     QVERIFY(console.Slider("sclB", 0)->hasFocus());
 }
 
@@ -228,18 +219,18 @@ void EqualiserPanelTest::bassAndTrebleAreOneKeyboardGroup()
     LevelSlider *bass = console.Slider("sclBass");
     LevelSlider *treble = console.Slider("sclTreb");
     bass->setFocus();
-    Tap(bass, Qt::Key_Right);
+    console.Key(Qt::Key_Right);
     QVERIFY(treble->hasFocus());
-    Tap(treble, Qt::Key_Left);
+    console.Key(Qt::Key_Left);
     QVERIFY(bass->hasFocus());
     QCOMPARE(bass->value(), 10);
     QCOMPARE(treble->value(), 10);
     QCOMPARE(console.Calls(), Calls{});
-    Press(bass, Qt::Key_Up);
+    console.Press(Qt::Key_Up);
     for (int i = 0; i < 3; ++i)
-        Repeat(bass, Qt::Key_Up);
+        console.Repeat(Qt::Key_Up);
     QCOMPARE(console.Calls(), Calls{});
-    Release(bass, Qt::Key_Up);
+    console.Release(Qt::Key_Up);
     QCOMPARE(console.Text("lblBass"), "4");
     QCOMPARE(console.OfUnit(Left).BassLevel, Byte(6));
     QCOMPARE(console.Calls(), Calls{"SetAudio"});
@@ -279,9 +270,9 @@ void EqualiserPanelTest::rangeMessagesOfTheTab()
     console.Forget();
     const AudioBlock before = console.settings.Audio;
     console.AnswerNextBox("Range Check Error", QMessageBox::Ok, message);
-    console.Type(qPrintable(field), bad);
+    console.Type(field, bad);
     QVERIFY(console.AllBoxesSeen());
-    QCOMPARE(console.Find<QLineEdit>(qPrintable(field))->selectedText(), bad);
+    QCOMPARE(console.Find<QLineEdit>(field)->selectedText(), bad);
     QVERIFY(std::ranges::equal(BytesOf(console.settings.Audio), BytesOf(before)));
     QCOMPARE(console.Calls(), Calls{});
 }
@@ -305,8 +296,8 @@ void EqualiserPanelTest::changeBackToThePositionAtFocusIsStoredNotSentAndTold()
 {
     Console console;
     console.Slider("sclA", 2)->setFocus();
-    Tap(console.Slider("sclA", 2), Qt::Key_Up);
-    Tap(console.Slider("sclA", 2), Qt::Key_Down);
+    console.Key(Qt::Key_Up);
+    console.Key(Qt::Key_Down);
     QCOMPARE(console.Calls(), Calls{"SetAudio"});
     QCOMPARE(console.Slice(Left).Band[2], Byte(12));
     QCOMPARE(console.OfUnit(Left).Band[2], Byte(11));
@@ -538,11 +529,11 @@ void EqualiserPanelTest::subBassGainKeysAndTyping()
     console.Forget();
     LevelSlider *gain = console.Slider("sclGain");
     gain->setFocus();
-    Tap(gain, Qt::Key_Left);
+    console.Key(Qt::Key_Left);
     QVERIFY(gain->hasFocus());
     QCOMPARE(console.Text("lblGain"), "-0.5");
-    Tap(gain, Qt::Key_Right);
-    Tap(gain, Qt::Key_Right);
+    console.Key(Qt::Key_Right);
+    console.Key(Qt::Key_Right);
     QCOMPARE(console.Text("lblGain"), "0.5");
     console.Type("lblGain", "2.7");
     QCOMPARE(console.Text("lblGain"), "2.5");
@@ -567,7 +558,7 @@ void EqualiserPanelTest::explicitUploadSendsWhatTheTabShows()
     Console console;
     console.settings.Options.AutoUpload = false;
     console.Slider("sclA", 9)->setFocus();
-    Press(console.Slider("sclA", 9), Qt::Key_Down);
+    console.Press(Qt::Key_Down);
     console.Click("cmdUp(1)");
     QCOMPARE(console.Calls(), (Calls{"SetSystem", "SetAudio"}));
     QCOMPARE(console.OfUnit(Left).Band[9], Byte(13));
@@ -587,7 +578,7 @@ void EqualiserPanelTest::ctrlShortcutsRunTheirCommands()
     const std::array<Qt::Key, 6> keys{Qt::Key_L, Qt::Key_P, Qt::Key_C, Qt::Key_Q, Qt::Key_R, Qt::Key_E};
     for (int channel = ChannelCount - 1; channel >= 0; --channel) {
         console.Key(keys[std::size_t(channel)], Qt::ControlModifier);
-        QVERIFY(console.Find<QPushButton>(qPrintable(Member("cmdEQChan", channel)))->font().bold());
+        QVERIFY(console.Find<QPushButton>(Member("cmdEQChan", channel))->font().bold());
     }
     console.Type("lblVol(1)", "5");
     console.Forget();
@@ -625,11 +616,11 @@ void EqualiserPanelTest::readBackWaitsForTheHand()
     Console console;
     console.settings.Options.AutoRefresh = 1;
     console.settings.Options.RefreshSeconds = 1;
-    DragTo(console.Slider("sclA", 0), 2);
+    console.DragTo(console.Slider("sclA", 0), 2);
     console.Tick("tmrRefresh");
     QCOMPARE(console.Calls(), Calls{});
     QCOMPARE(console.Slider("sclA", 0)->value(), 2);
-    Drop(console.Slider("sclA", 0));
+    console.Drop(console.Slider("sclA", 0));
     QCOMPARE(console.Calls(), Calls{"SetAudio"});
     console.Forget();
     console.Tick("tmrRefresh");
@@ -644,10 +635,10 @@ void EqualiserPanelTest::readBackWaitsForTheHand()
 void EqualiserPanelTest::cableLostDuringADragIsOneMessageAndTheEditIsKept()
 {
     Console console;
-    DragTo(console.Slider("sclA", 13), 0);
+    console.DragTo(console.Slider("sclA", 13), 0);
     console.unit.panel.plugged = false;
     console.AnswerNextBox("Connection Error", QMessageBox::Ok);
-    Drop(console.Slider("sclA", 13));
+    console.Drop(console.Slider("sclA", 13));
     QVERIFY(console.AllBoxesSeen());
     QCOMPARE(std::ranges::count(console.Calls(), "SetAudio"), 6);
     QCOMPARE(console.Slice(Left).Band[13], Byte(0));
@@ -687,13 +678,13 @@ void EqualiserPanelTest::cableLostInAPasteIsOneMessageAndTheEditIsKept()
 void EqualiserPanelTest::cableLostByAPollDuringADragIsOneMessage()
 {
     Console console;
-    DragTo(console.Slider("sclA", 13), 5);
+    console.DragTo(console.Slider("sclA", 13), 5);
     console.unit.panel.plugged = false;
     console.AnswerNextBox("Connection Error", QMessageBox::Ok);
     console.Tick("tmrPoll");
     QVERIFY(console.AllBoxesSeen());
     QCOMPARE(console.Slice(Left).Band[13], Byte(5));
-    Drop(console.Slider("sclA", 13));
+    console.Drop(console.Slider("sclA", 13));
     QVERIFY(!std::ranges::count(console.Calls(), "SetAudio"));
     QCOMPARE(console.Text("lblBand(13)"), "3.5");
 }
@@ -719,7 +710,7 @@ void EqualiserPanelTest::tabKeyRunsThroughTheChannelButtonsThenTheBands()
     console.Find<QPushButton>("cmdEQChan(0)")->setFocus();
     QStringList order;
     for (int i = 0; i < 11; ++i) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        console.Key(Qt::Key_Tab);
         order << QApplication::focusWidget()->objectName();
     }
     QCOMPARE(order,

@@ -32,7 +32,7 @@ QList<int> CurrentModes(const ConsoleUnderTest &console)
 {
     QList<int> current;
     for (int i = 0; i < FormatCount; ++i) {
-        auto *button = console.Find<QPushButton>(qPrintable(QString("cmdMode(%1)").arg(i)));
+        auto *button = console.Find<QPushButton>(Member("cmdMode", i));
         if (FaceOf(button) == QColor(128, 128, 128) && button->font().bold())
             current << i;
     }
@@ -72,10 +72,10 @@ void MuteModeTest::eachMuteButtonTogglesAllFive()
     QFETCH(int, tab);
     ConsoleUnderTest console(OnLine, Tab(tab));
     QCOMPARE(WrongMute(console, false), QString());
-    console.Click(qPrintable(button));
+    console.Click(button);
     QCOMPARE(WrongMute(console, true), QString());
     QCOMPARE(console.settings.MuteState, True);
-    console.Click(qPrintable(button));
+    console.Click(button);
     QCOMPARE(WrongMute(console, false), QString());
     QCOMPARE(console.Calls(), (Calls{"SetMute -1", "SetMute 0"}));
 }
@@ -117,8 +117,7 @@ void MuteModeTest::modeButtonsStandInTheirFrameWithTheirCaptions()
     const std::array<const char *, 6> captions{"Mono",           "A-TYPE",        "SR-TYPE",
                                                "EXTERNAL 6-TRK", "Kelvo Digital", "NONSYNC"};
     for (int i = 0; i < FormatCount; ++i)
-        QCOMPARE(console.Find<QPushButton>(qPrintable(QString("cmdMode(%1)").arg(i)))->text(),
-                 captions[std::size_t(i)]);
+        QCOMPARE(console.Find<QPushButton>(Member("cmdMode", i))->text(), captions[std::size_t(i)]);
 }
 
 void MuteModeTest::modeIsSentOnceAndShown()

@@ -1,6 +1,5 @@
 #include "support/ui/consoleundertest.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -32,29 +31,14 @@ struct Options : ConsoleUnderTest {
             items += List(name).itemText(index);
         return items;
     }
-    void Choose(const char *name, const QString &item)
-    {
-        QComboBox &list = List(name);
-        list.setFocus();
-        list.showPopup();
-        QAbstractItemView *popup = list.view();
-        const QModelIndex index = popup->model()->index(list.findText(item), 0);
-        popup->scrollTo(index);
-        QTest::mouseClick(popup->viewport(), Qt::LeftButton, {}, popup->visualRect(index).center());
-    }
     int Chosen(const char *group, int count) const
     {
         for (int index = 0; index < count; ++index)
-            if (Find<QRadioButton>(qPrintable(IndexedName(group, index)))->isChecked())
+            if (Find<QRadioButton>(Member(group, index))->isChecked())
                 return index;
         return -1;
     }
     QString F1Button() const { return Find<QPushButton>("cmdMode(0)")->text(); }
-
-    static QString IndexedName(const char *name, int index)
-    {
-        return QString("%1(%2)").arg(QLatin1String(name)).arg(index);
-    }
 };
 
 } // namespace
@@ -91,15 +75,12 @@ class OptionsPanelTest : public QObject {
         const QStringList formats{"EXTERNAL 6-TRK", "NON-SYNC", "SR TYPE", "A TYPE",
                                   "F1 ('Mono' button on unit)"};
         for (int index = 0; index < 5; ++index)
-            QCOMPARE(console.Find<QRadioButton>(qPrintable(Options::IndexedName("optDefaultFormat", index)))
-                         ->text(),
-                     formats[index]);
+            QCOMPARE(console.Find<QRadioButton>(Member("optDefaultFormat", index))->text(), formats[index]);
         const QStringList keys{"Optical Mono", "External N.R.",
                                "External 2-Trk Return W/ Internal A Type N.R.",
                                "External 2-Trk Return W/ Internal SR Type N.R."};
         for (int index = 0; index < 4; ++index)
-            QCOMPARE(console.Find<QRadioButton>(qPrintable(Options::IndexedName("optF1Key", index)))->text(),
-                     keys[index]);
+            QCOMPARE(console.Find<QRadioButton>(Member("optF1Key", index))->text(), keys[index]);
         QCOMPARE(console.Find<QCheckBox>("chkDisableMatrix")->text(), "Matrix Decoding Disabled");
         const auto frameOf = [&](const char *control) {
             return qobject_cast<QGroupBox *>(console.Find<QWidget>(control)->parentWidget())->title();
@@ -146,7 +127,7 @@ class OptionsPanelTest : public QObject {
         QFETCH(int, offset);
         QFETCH(int, byte);
         Options console;
-        console.Choose(qPrintable(list), item);
+        console.ChooseItem(list, item);
         QCOMPARE(console.Calls(), Calls{"SetSystem"});
         QCOMPARE(int(BytesOf(console.unit.system)[std::size_t(offset)]), byte);
         QVERIFY(console.settings.SettingsChanged);
@@ -156,7 +137,7 @@ class OptionsPanelTest : public QObject {
     {
         Options console;
         for (const int index : {3, 2, 0, 4, 1}) {
-            console.Click(qPrintable(Options::IndexedName("optDefaultFormat", index)));
+            console.Click(Member("optDefaultFormat", index));
             QCOMPARE(console.unit.system.DefaultFormat, Byte(index));
         }
         QCOMPARE(console.Calls(), Calls(5, "SetSystem"));
@@ -188,7 +169,7 @@ class OptionsPanelTest : public QObject {
         SystemBlock system{};
         system.F1KeyMode = Byte((index + 1) % 4);
         Options console(system);
-        console.Click(qPrintable(Options::IndexedName("optF1Key", index)));
+        console.Click(Member("optF1Key", index));
         QCOMPARE(console.Calls(), Calls{"SetSystem"});
         QCOMPARE(console.unit.system.F1KeyMode, Byte(index));
         QCOMPARE(console.F1Button(), caption);
@@ -304,7 +285,7 @@ class OptionsPanelTest : public QObject {
     void theSameItemChosenAgainIsSentAgain()
     {
         Options console;
-        console.Choose("cboNonsyncMode", "Screen Channels");
+        console.ChooseItem("cboNonsyncMode", "Screen Channels");
         QCOMPARE(console.Calls(), Calls{"SetSystem"});
     }
 
@@ -322,18 +303,12 @@ class OptionsPanelTest : public QObject {
     {
         Options console;
         QComboBox &list = console.List("cboNonsyncTrim");
-        const auto turn = [&] {
-            const QPointF middle = QRectF(list.rect()).center();
-            QWheelEvent notch(middle, list.mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
-                              Qt::NoScrollPhase, false);
-            QApplication::sendEvent(&list, &notch);
-        };
         console.Find<QRadioButton>("optF1Key(0)")->setFocus();
-        turn();
+        console.Wheel(&list, -120);
         QCOMPARE(list.currentIndex(), 0);
         QCOMPARE(console.Calls(), Calls{});
         list.setFocus();
-        turn();
+        console.Wheel(&list, -120);
         QCOMPARE(list.currentIndex(), 1);
         QCOMPARE(console.unit.system.NonsyncTrim, Byte(1));
     }

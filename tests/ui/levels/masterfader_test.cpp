@@ -1,6 +1,5 @@
 #include "model/flagguard.h"
 #include "support/ui/consoleundertest.h"
-#include "support/ui/hands.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -126,13 +125,13 @@ void MasterFaderTest::valueTypedInAnyFieldShowsEverywhereAndIsSentOnce()
     Console console(OnLine, Tab(tab));
     if (field == "lblVol")
         console.OpenDialog();
-    console.Type(qPrintable(field), "6,5");
+    console.Type(field, "6,5");
     QCOMPARE(console.Wrong("6.5", 34), QString());
     QCOMPARE(console.Calls(), Calls{"SetVol 65"});
     QCOMPARE(console.unit.panel.level, Word(65));
     QVERIFY(!console.settings.SettingsChanged);
 
-    console.Type(qPrintable(field), "7");
+    console.Type(field, "7");
     QCOMPARE(console.Wrong("7.0", 29), QString());
     QCOMPARE(console.Calls(), (Calls{"SetVol 65", "SetVol 70"}));
 }
@@ -222,10 +221,10 @@ void MasterFaderTest::eachKeyIsOneTenthAndSentOnItsRelease()
     const auto modifiers = keypad ? Qt::KeypadModifier : Qt::NoModifier;
     Console console;
     console.Main()->setFocus();
-    Press(console.Main(), key, modifiers);
+    console.Press(key, modifiers);
     QCOMPARE(int(console.settings.FaderLevel), level);
     QCOMPARE(console.Calls(), Calls{});
-    Release(console.Main(), key, modifiers);
+    console.Release(key, modifiers);
     QCOMPARE(console.Wrong(QString::number(level / 10.0, 'f', 1), 99 - level), QString());
     QCOMPARE(console.Calls(), level == 70 ? Calls{} : Calls{"SetVol " + std::to_string(level)});
 }
@@ -236,13 +235,13 @@ void MasterFaderTest::heldKeyPausesThePollAndSendsOnce()
     auto *tmrPoll = console.Find<QTimer>("tmrPoll");
     QVERIFY(tmrPoll->isActive());
     console.Main()->setFocus();
-    Press(console.Main(), Qt::Key_Down);
+    console.Press(Qt::Key_Down);
     for (int i = 0; i < 4; ++i)
-        Repeat(console.Main(), Qt::Key_Down);
+        console.Repeat(Qt::Key_Down);
     QVERIFY(!tmrPoll->isActive());
     QCOMPARE(console.Wrong("6.5", 34), QString());
     QCOMPARE(console.Calls(), Calls{});
-    Release(console.Main(), Qt::Key_Down);
+    console.Release(Qt::Key_Down);
     QVERIFY(tmrPoll->isActive());
     QCOMPARE(tmrPoll->interval(), 2000);
     QCOMPARE(console.Calls(), Calls{"SetVol 65"});
@@ -255,14 +254,14 @@ void MasterFaderTest::keysStopAtBothEndsAndSendNothingThere()
     console.Forget();
     console.Main()->setFocus();
     for (const int key : {Qt::Key_Up, Qt::Key_PageUp, Qt::Key_Home})
-        Tap(console.Main(), key);
+        console.Key(key);
     QCOMPARE(console.Wrong("9.9", 0), QString());
     QCOMPARE(console.Calls(), Calls{});
     console.Type("lblVol(3)", "0");
     console.Forget();
     console.Main()->setFocus();
     for (const int key : {Qt::Key_Down, Qt::Key_PageDown, Qt::Key_End})
-        Tap(console.Main(), key);
+        console.Key(key);
     QCOMPARE(console.Wrong("0.0", 99), QString());
     QCOMPARE(console.Calls(), Calls{});
 }
@@ -270,15 +269,15 @@ void MasterFaderTest::keysStopAtBothEndsAndSendNothingThere()
 void MasterFaderTest::dragFollowsEverywherePausesThePollAndSendsOnce()
 {
     Console console;
-    DragTo(console.Main(), 20);
+    console.DragTo(console.Main(), 20);
     QCOMPARE(console.Wrong("7.9", 20), QString());
     QVERIFY(!console.Find<QTimer>("tmrPoll")->isActive());
     QCOMPARE(console.Calls(), Calls{});
-    Drop(console.Main());
+    console.Drop(console.Main());
     QVERIFY(console.Find<QTimer>("tmrPoll")->isActive());
     QCOMPARE(console.Calls(), Calls{"SetVol 79"});
 
-    QTest::mouseClick(console.Main(), Qt::LeftButton, {}, ThumbOf(console.Main(), 20));
+    console.ClickAt(console.Main(), 20);
     QCOMPARE(console.Calls(), Calls{"SetVol 79"});
 }
 
@@ -299,10 +298,10 @@ void MasterFaderTest::anyMouseButtonPausesThePoll()
 void MasterFaderTest::grooveAndWheelAreOneChangeEach()
 {
     Console console;
-    QTest::mouseClick(console.Main(), Qt::LeftButton, {}, ThumbOf(console.Main(), 90));
+    console.ClickAt(console.Main(), 90);
     QCOMPARE(console.Wrong("6.0", 39), QString());
     QCOMPARE(console.Calls(), Calls{"SetVol 60"});
-    QVERIFY(Wheel(console.Main(), 120));
+    QVERIFY(console.Wheel(console.Main(), 120));
     QCOMPARE(console.Calls(), (Calls{"SetVol 60", "SetVol 61"}));
     QVERIFY(console.Find<QTimer>("tmrPoll")->isActive());
 }
@@ -311,11 +310,11 @@ void MasterFaderTest::dragOnTheDialogMovesTheMainSliderAndSendsOnce()
 {
     Console console;
     console.OpenDialog();
-    DragTo(console.OfDialog(), 49);
+    console.DragTo(console.OfDialog(), 49);
     QCOMPARE(console.Wrong("5.0", 49), QString());
     QVERIFY(!console.Find<QTimer>("tmrPoll")->isActive());
     QCOMPARE(console.Calls(), Calls{});
-    Drop(console.OfDialog());
+    console.Drop(console.OfDialog());
     QCOMPARE(console.Wrong("5.0", 49), QString());
     QVERIFY(console.Find<QTimer>("tmrPoll")->isActive());
     QCOMPARE(console.Calls(), Calls{"SetVol 50"});
@@ -326,10 +325,10 @@ void MasterFaderTest::keysOnTheDialogSendOnce()
     Console console;
     console.OpenDialog();
     QVERIFY(console.OfDialog()->hasFocus());
-    Press(console.OfDialog(), Qt::Key_Right);
-    Repeat(console.OfDialog(), Qt::Key_Right);
+    console.Press(Qt::Key_Right);
+    console.Repeat(Qt::Key_Right);
     QCOMPARE(console.Calls(), Calls{});
-    Release(console.OfDialog(), Qt::Key_Right);
+    console.Release(Qt::Key_Right);
     QCOMPARE(console.Wrong("7.2", 27), QString());
     QCOMPARE(console.Calls(), Calls{"SetVol 72"});
 }
@@ -338,8 +337,8 @@ void MasterFaderTest::mainSliderInTheHandCountsWhileTheDialogsHasTheFocus()
 {
     Console console;
     console.OpenDialog();
-    DragTo(console.Main(), 9);
-    Drop(console.Main());
+    console.DragTo(console.Main(), 9);
+    console.Drop(console.Main());
     QCOMPARE(console.Wrong("9.0", 9), QString());
     QCOMPARE(console.Calls(), Calls{"SetVol 90"});
 }
@@ -398,7 +397,7 @@ void MasterFaderTest::keyOnALevelBeyondTheScaleComesBackIntoIt()
     console.Tick("tmrPoll");
     console.Forget();
     console.Main()->setFocus();
-    Tap(console.Main(), Qt::Key_Up);
+    console.Key(Qt::Key_Up);
     QCOMPARE(console.Wrong("9.9", 0), QString());
     QCOMPARE(console.Calls(), Calls{"SetVol 99"});
 }
@@ -410,7 +409,7 @@ void MasterFaderTest::pollingThatAStreamStoppedStaysStopped()
     auto *tmrPoll = console.Find<QTimer>("tmrPoll");
     QVERIFY(!tmrPoll->isActive());
     console.Main()->setFocus();
-    Tap(console.Main(), Qt::Key_Down);
+    console.Key(Qt::Key_Down);
     QVERIFY(!tmrPoll->isActive());
     console.Click("cmdStart");
     QVERIFY(tmrPoll->isActive());
@@ -420,8 +419,8 @@ void MasterFaderTest::releaseThatLandsElsewhereResumesThePoll()
 {
     Console console;
     console.Main()->setFocus();
-    Press(console.Main(), Qt::Key_Down);
-    QTest::keyClick(console.Main(), Qt::Key_Tab);
+    console.Press(Qt::Key_Down);
+    console.Key(Qt::Key_Tab);
     QVERIFY(!console.Main()->hasFocus());
     QVERIFY(console.Find<QTimer>("tmrPoll")->isActive());
     QCOMPARE(console.Calls(), Calls{"SetVol 69"});
@@ -493,7 +492,7 @@ void MasterFaderTest::adjustTakesWhatIsTypedInTheDialogFirst()
     QTRY_COMPARE(QApplication::activeWindow(), console.window.get());
     console.Click("cmdAdjust(0)");
     QTRY_VERIFY(console.OfDialog()->hasFocus());
-    Tap(console.OfDialog(), Qt::Key_Up);
+    console.Key(Qt::Key_Up);
     QCOMPARE(console.Wrong("5.1", 48), QString());
     console.Dialog()->close();
     QCOMPARE(console.Calls(), (Calls{"SetVol 50", "SetVol 51"}));
@@ -507,7 +506,7 @@ void MasterFaderTest::adjustTakesWhatIsTypedInTheDialogFirst()
     QCOMPARE(console.Text("lblVol"), "11");
     QVERIFY(!console.OfDialog()->hasFocus());
     console.Find<QLineEdit>("lblVol")->setText("5.1");
-    Tap(console.Find<QLineEdit>("lblVol"), Qt::Key_Return);
+    console.Key(Qt::Key_Return);
 }
 
 void MasterFaderTest::uploadTakesWhatIsTypedInTheDialogFirst()
@@ -553,14 +552,14 @@ void MasterFaderTest::dialogIsClosedByNeitherEnterNorEscape()
     Console console;
     console.OpenDialog();
     for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape})
-        Tap(console.OfDialog(), key);
+        console.Key(key);
     QVERIFY(console.Dialog()->isVisible());
     console.Find<QLineEdit>("lblVol")->setFocus();
     for (const int key : {Qt::Key_Return, Qt::Key_Enter})
-        Tap(console.Find<QLineEdit>("lblVol"), key);
+        console.Key(key);
     QVERIFY(console.Dialog()->isVisible());
     QCOMPARE(console.Calls(), Calls{});
-    Tap(console.Find<QLineEdit>("lblVol"), Qt::Key_Escape);
+    console.Key(Qt::Key_Escape);
     QVERIFY(console.Dialog()->isVisible());
     QCOMPARE(console.Calls(), Calls{"SetVol 0"});
 }
@@ -599,9 +598,9 @@ void MasterFaderTest::nothingIsSentWhileTheProgramItselfSetsControls()
     const FlagGuard updating(console.settings.Updating);
     console.Main()->setValue(50);
     QCOMPARE(console.Wrong("7.0", 29), QString());
-    DragTo(console.Main(), 10);
-    Drop(console.Main());
-    Tap(console.Main(), Qt::Key_Down);
+    console.DragTo(console.Main(), 10);
+    console.Drop(console.Main());
+    console.Key(Qt::Key_Down);
     QCOMPARE(console.Wrong("7.0", 29), QString());
     QCOMPARE(console.Calls(), Calls{});
 }
@@ -609,10 +608,10 @@ void MasterFaderTest::nothingIsSentWhileTheProgramItselfSetsControls()
 void MasterFaderTest::cableLostDuringADragIsOneMessageAndTheLevelIsKept()
 {
     Console console;
-    DragTo(console.Main(), 39);
+    console.DragTo(console.Main(), 39);
     console.unit.panel.plugged = false;
     console.AnswerNextBox("Connection Error", QMessageBox::Ok);
-    Drop(console.Main());
+    console.Drop(console.Main());
     QVERIFY(console.AllBoxesSeen());
     QCOMPARE(console.Count("SetVol 60"), 6);
     QCOMPARE(console.Wrong("6.0", 39), QString());

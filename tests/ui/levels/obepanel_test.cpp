@@ -1,7 +1,6 @@
 #include "model/flagguard.h"
 #include "support/ui/consoleundertest.h"
 
-#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
 
@@ -25,17 +24,6 @@ struct Obe : ConsoleUnderTest {
     QComboBox &List() const { return *Find<QComboBox>("cboObeF"); }
     int Position() const { return Find<QSlider>("sclOBE")->value(); }
     QString Level() const { return Find<QLineEdit>("lblOBE")->text(); }
-    /// Opens the list and chooses an item, as the user does.
-    void Choose(const QString &item)
-    {
-        QComboBox &list = List();
-        list.setFocus();
-        list.showPopup();
-        QAbstractItemView *popup = list.view();
-        const QModelIndex index = popup->model()->index(list.findText(item), 0);
-        popup->scrollTo(index);
-        QTest::mouseClick(popup->viewport(), Qt::LeftButton, {}, popup->visualRect(index).center());
-    }
 };
 
 } // namespace
@@ -85,7 +73,7 @@ class ObePanelTest : public QObject {
     {
         Obe console(0);
         console.Click("cmdOBEEnable");
-        console.Choose("100 Hz");
+        console.ChooseItem("cboObeF", "100 Hz");
         QCOMPARE(console.unit.audio.ObeFreq, Byte(6));
         console.Click("cmdOBEEnable");
         QCOMPARE(console.unit.audio.ObeFreq, Byte(0));
@@ -176,7 +164,8 @@ class ObePanelTest : public QObject {
     {
         Obe console(2, 12);
         console.Find<QSlider>("sclOBE")->setFocus();
-        console.Drag("sclOBE", 20);
+        console.DragTo("sclOBE", 20);
+        console.Drop("sclOBE");
         QCOMPARE(console.Calls(), Calls{"SetAudio"});
         QCOMPARE(console.Position(), 20);
         QCOMPARE(console.unit.audio.ObeLevel, Byte(4));
@@ -215,7 +204,7 @@ class ObePanelTest : public QObject {
         QCOMPARE(console.List().currentIndex(), -1);
         console.Type("lblOBE", "3");
         QCOMPARE(console.unit.audio.ObeFreq, Byte(77));
-        console.Choose("60 Hz");
+        console.ChooseItem("cboObeF", "60 Hz");
         QCOMPARE(console.unit.audio.ObeFreq, Byte(2));
     }
 

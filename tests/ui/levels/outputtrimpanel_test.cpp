@@ -1,5 +1,4 @@
 #include "support/ui/consoleundertest.h"
-#include "support/ui/hands.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -9,11 +8,6 @@
 using namespace kelvo;
 
 namespace {
-
-QString Member(const char *name, int index)
-{
-    return QString("%1(%2)").arg(name).arg(index);
-}
 
 const QColor Yellow(255, 255, 0);
 
@@ -26,14 +20,11 @@ struct Console : ConsoleUnderTest {
         settings.Options.AutoUpload = true;
     }
 
-    LevelSlider *Slider(int channel) const
-    {
-        return Find<LevelSlider>(qPrintable(Member("sclPNG", channel)));
-    }
-    QString Text(int channel) const { return Find<QLineEdit>(qPrintable(Member("lblPNG", channel)))->text(); }
+    LevelSlider *Slider(int channel) const { return Find<LevelSlider>(Member("sclPNG", channel)); }
+    QString Text(int channel) const { return Find<QLineEdit>(Member("lblPNG", channel))->text(); }
     QPushButton *Button(const char *name, int channel) const
     {
-        return Find<QPushButton>(qPrintable(Member(name, channel)));
+        return Find<QPushButton>(Member(name, channel));
     }
     /// "caption, bold, yellow" of a toggle.
     QString Shows(const char *name, int channel) const
@@ -98,7 +89,8 @@ void OutputTrimPanelTest::typedTrimGoesDownToTheStepBelowAndIsSentOnce()
 void OutputTrimPanelTest::draggedTrimIsSentOnce()
 {
     Console console;
-    console.Drag("sclPNG(5)", 20);
+    console.DragTo("sclPNG(5)", 20);
+    console.Drop("sclPNG(5)");
     QCOMPARE(console.Text(5), "-4.0");
     QCOMPARE(console.Calls(), Calls{"SetAudio"});
     QCOMPARE(console.unit.audio.ChannelTrim[Subwoofer], Byte(20));
@@ -134,7 +126,7 @@ void OutputTrimPanelTest::resetSetsAllSixAndUploadsOnce()
 {
     Console console;
     for (int channel = 0; channel < ChannelCount; ++channel)
-        console.Type(qPrintable(Member("lblPNG", channel)), "3");
+        console.Type(Member("lblPNG", channel), "3");
     console.Forget();
     console.settings.SettingsChanged = false;
     console.Click("cmdReset");
@@ -196,9 +188,9 @@ void OutputTrimPanelTest::noiseTogglesItsChannel()
     for (int channel = 0; channel < ChannelCount; ++channel) {
         console.Forget();
         QCOMPARE(console.Shows("cmdPN", channel), "Off");
-        console.Click(qPrintable(Member("cmdPN", channel)));
+        console.Click(Member("cmdPN", channel));
         QCOMPARE(console.Shows("cmdPN", channel), "On, bold, yellow");
-        console.Click(qPrintable(Member("cmdPN", channel)));
+        console.Click(Member("cmdPN", channel));
         QCOMPARE(console.Shows("cmdPN", channel), "Off");
         const std::string number = std::to_string(channel);
         QCOMPARE(console.Calls(), (Calls{"SetPink " + number + " -1", "SetPink " + number + " 0"}));
@@ -275,8 +267,8 @@ void OutputTrimPanelTest::newShowsEveryToggleOff()
 {
     Console console;
     for (int channel = 0; channel < ChannelCount; ++channel) {
-        console.Click(qPrintable(Member("cmdPN", channel)));
-        console.Click(qPrintable(Member("cmdPhase", channel)));
+        console.Click(Member("cmdPN", channel));
+        console.Click(Member("cmdPhase", channel));
     }
     console.Trigger("mnuNew");
     for (int channel = 0; channel < ChannelCount; ++channel) {
@@ -327,7 +319,7 @@ void OutputTrimPanelTest::tabKeyRunsFromLeftToRight()
     console.Slider(0)->setFocus();
     QStringList order;
     for (int i = 0; i < 12; ++i) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        console.Key(Qt::Key_Tab);
         order << QApplication::focusWidget()->objectName();
     }
     QCOMPARE(order,

@@ -404,9 +404,9 @@ void ExitTest::aWindowThatIsTakenAwayMayHoldWhatWasNotTaken()
         field->selectAll();
         QTest::keyClicks(field, "3.3");
     } else if (!typedIn.isEmpty()) {
-        console.TypeOnly(qPrintable(typedIn), "3.3");
+        console.TypeOnly(typedIn, "3.3");
     } else {
-        console.Find<QSlider>(qPrintable(heldSlider))->setFocus();
+        console.Find<QSlider>(heldSlider)->setFocus();
         console.Press(Qt::Key_Up);
     }
     console.Forget();

@@ -252,8 +252,9 @@ void FileCommandsTest::aLinkLostWhileOpeningStillShowsTheFile()
     ConsoleUnderTest console;
     const QString path = WriteSample(console);
     console.unit.FailNext("SelectFormat", 2, 6);
+    console.ChooseNextFile(path);
     console.AnswerNextBox("Connection Error", QMessageBox::Ok);
-    Open(console, path);
+    console.Trigger("mnuLoad");
     QCOMPARE(console.Find<QLabel>("lblStat")->text(), "Off Line");
     QCOMPARE(console.window->windowTitle(), TitleOf(path));
     QCOMPARE(console.Find<QLineEdit>("lblPNG(2)")->text(), "2.0");

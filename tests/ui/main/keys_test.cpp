@@ -155,7 +155,7 @@ void KeysTest::aShortcutRunsItsCommand()
     WithShortcuts(console);
     console.Find<QLineEdit>("lblBass")->setFocus();
     console.Key(Qt::Key(key), Qt::ControlModifier);
-    QVERIFY(console.Find<QPushButton>(qPrintable(current))->font().bold());
+    QVERIFY(console.Find<QPushButton>(current)->font().bold());
     QCOMPARE(console.Calls(), Calls{call.toStdString()});
 }
 

@@ -1,5 +1,4 @@
 #include "support/ui/consoleundertest.h"
-#include "support/ui/hands.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -50,7 +49,7 @@ void TabsTest::theTabsStandInTheirOrderWithTheirAccessKeys()
     QCOMPARE(Strip(console)->count(), 8);
     for (int tab = 0; tab < 8; ++tab) {
         QCOMPARE(Strip(console)->tabText(tab), captions[tab]);
-        QCOMPARE(Strip(console)->widget(tab)->objectName(), QString("frmtabs(%1)").arg(tab));
+        QCOMPARE(Strip(console)->widget(tab)->objectName(), Member("frmtabs", tab));
     }
 }
 
@@ -72,7 +71,7 @@ void TabsTest::offLineEveryPanelStaysDisabledAndSaysWhatToDo()
         QCOMPARE(Strip(console)->currentIndex(), shown);
         for (int tab = 0; tab < TabCount; ++tab)
             QVERIFY(!Strip(console)->widget(tab)->isEnabled());
-        auto *hint = console.Find<QLabel>(qPrintable(QString("lblHint(%1)").arg(shown)));
+        auto *hint = console.Find<QLabel>(Member("lblHint", shown));
         QVERIFY(hint->isVisible());
         QCOMPARE(hint->text(), "Off line. Press Connect or F1.");
     }
@@ -251,7 +250,7 @@ void TabsTest::theWheelOverTheHeadingsLeavesWhatIsTypedAlone()
     for (const char *text : {"9", "3"}) {
         console.TypeOnly("lblPNG(0)", text);
         console.Forget();
-        Wheel(Strip(console)->tabBar(), -120);
+        console.Wheel(Strip(console)->tabBar(), -120);
         QCOMPARE(Strip(console)->currentIndex(), 1);
         QCOMPARE(console.Find<QLineEdit>("lblPNG(0)")->text(), text);
     }

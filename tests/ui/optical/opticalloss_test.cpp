@@ -166,7 +166,7 @@ class OpticalLossTest : public QObject {
         if (button.isEmpty())
             console.window->findChild<OpticalPanel *>()->cmdMute4_Click();
         else
-            console.Click(qPrintable(button));
+            console.Click(button);
         console.IsIdleOffLine();
     }
 

@@ -1,5 +1,4 @@
 #include "support/ui/consoleundertest.h"
-#include "ui/controls/named.h"
 
 #include <QFile>
 #include <QLabel>
@@ -86,7 +85,7 @@ class OpticalPanelTest : public QObject {
         QFETCH(QString, measurement);
         QFETCH(QString, begin);
         Optical console;
-        console.Click(qPrintable(measurement));
+        console.Click(measurement);
         QCOMPARE(console.Calls(), Calls{}); // only the selection changed
         console.Click("cmdStart");
         QCOMPARE(console.Calls(),
@@ -322,7 +321,7 @@ class OpticalPanelTest : public QObject {
     {
         Optical console;
         for (int channel = 0; channel < ChannelCount; ++channel)
-            console.Find<StateButton>(qPrintable(IndexedName("cmdPN", channel)))->Show("On", Face::On);
+            console.Find<StateButton>(Member("cmdPN", channel))->Show("On", Face::On);
         auto *cmdRT60 = console.Find<StateButton>("cmdRT60");
         QCOMPARE(cmdRT60->text(), "Off");
         console.Click("cmdRT60");
@@ -330,7 +329,7 @@ class OpticalPanelTest : public QObject {
         QVERIFY(cmdRT60->font().bold());
         QCOMPARE(cmdRT60->grab().toImage().pixel(4, 4), qRgb(255, 255, 0));
         for (int channel = 0; channel < ChannelCount; ++channel) {
-            auto *cmdPN = console.Find<StateButton>(qPrintable(IndexedName("cmdPN", channel)));
+            auto *cmdPN = console.Find<StateButton>(Member("cmdPN", channel));
             QCOMPARE(cmdPN->text(), "Off");
             QCOMPARE(cmdPN->ShownFace(), Face::Normal);
             QVERIFY(!cmdPN->font().bold());

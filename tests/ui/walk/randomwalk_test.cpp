@@ -1,5 +1,4 @@
 #include "support/ui/consoleundertest.h"
-#include "support/ui/hands.h"
 #include "ui/controls/levelfield.h"
 
 #include <QLabel>
@@ -16,11 +15,6 @@ using namespace kelvo;
 
 namespace {
 
-QString Member(const char *name, int index)
-{
-    return QString("%1(%2)").arg(name).arg(index);
-}
-
 int FromEnvironment(const char *name, int otherwise)
 {
     bool given = false;
@@ -35,14 +29,18 @@ class Walk {
     {
         console_.settings.Options.AutoUpload = true;
         console_.settings.Options.Shortcuts = true;
-        console_.AnswerEveryBox([this](const QString &title, const QString &) {
+        console_.WithEveryDialog([this](QDialog *dialog) {
+            auto *box = qobject_cast<QMessageBox *>(dialog);
+            if (!box)
+                return; // the fader dialog and its like stay open
+            const QString title = box->windowTitle();
             connectionErrors_ += title == "Connection Error";
+            auto answer = Chance(2) ? QMessageBox::Yes : QMessageBox::No;
             if (title == "Connection Error" || title == "Range Check Error" || title == "Error")
-                return QMessageBox::Ok;
-            // Yes would lead to a file dialog.
-            if (title == "Save?")
-                return QMessageBox::No;
-            return Chance(2) ? QMessageBox::Yes : QMessageBox::No;
+                answer = QMessageBox::Ok;
+            else if (title == "Save?")
+                answer = QMessageBox::No; // Yes would lead to a file dialog
+            console_.Click(box->button(answer));
         });
         console_.GoTo(Tab::Eq);
     }
@@ -80,10 +78,11 @@ class Walk {
         EndDrag();
         // The main window and the fader dialog may each have a field that is being typed in.
         for (LevelField *field : console_.window->findChildren<LevelField *>()) {
-            if (field->IsPending())
-                Tap(field, Qt::Key_Return);
-            if (field->IsPending())
-                Tap(field, Qt::Key_Escape);
+            for (const int key : {Qt::Key_Return, Qt::Key_Escape})
+                if (field->IsPending()) {
+                    Focus(field);
+                    console_.Key(key);
+                }
         }
         QCoreApplication::processEvents();
         console_.window->activateWindow();
@@ -103,9 +102,9 @@ class Walk {
         console_.unit.panel.plugged = true;
         console_.unit.ForgetFailures();
         if (!OnLine())
-            Tap(console_.window.get(), Qt::Key_F1);
+            console_.Key(Qt::Key_F1);
         console_.Tick("tmrPoll");
-        Tap(console_.window.get(), Qt::Key_F2);
+        console_.Key(Qt::Key_F2);
         if (!OnLine())
             return "no connection";
         const QString sent = console_.Find<QLabel>("lblSent")->text();
@@ -151,17 +150,17 @@ class Walk {
         if (heldKey_ != 0 || !qobject_cast<LevelSlider *>(QApplication::focusWidget()))
             return;
         heldKey_ = Pick(Keys);
-        Press(QApplication::focusWidget(), heldKey_, Chance(2) ? Qt::KeypadModifier : Qt::NoModifier);
+        console_.Press(heldKey_, Chance(2) ? Qt::KeypadModifier : Qt::NoModifier);
     }
     void RepeatKey()
     {
         if (heldKey_ != 0 && QApplication::focusWidget())
-            Repeat(QApplication::focusWidget(), heldKey_);
+            console_.Repeat(heldKey_);
     }
     void ReleaseKey()
     {
         if (heldKey_ != 0 && QApplication::focusWidget())
-            Release(QApplication::focusWidget(), heldKey_);
+            console_.Release(heldKey_);
         heldKey_ = 0;
     }
     /// As a click would: the control's window comes first.
@@ -191,13 +190,13 @@ class Walk {
         field->selectAll();
         QTest::keyClicks(field, Pick(Texts));
         if (Chance(2))
-            Tap(field, Qt::Key_Return);
+            console_.Key(Qt::Key_Return);
     }
     void LeaveField()
     {
         static const std::vector<int> Keys{Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape, Qt::Key_Tab};
-        if (auto *field = qobject_cast<LevelField *>(console_.window->focusWidget()))
-            Tap(field, Pick(Keys));
+        if (qobject_cast<LevelField *>(QApplication::focusWidget()))
+            console_.Key(Pick(Keys));
     }
     void BeginDrag()
     {
@@ -216,7 +215,7 @@ class Walk {
     void EndDrag()
     {
         if (dragged_)
-            Drop(dragged_);
+            console_.Drop(dragged_.data());
         dragged_ = nullptr;
     }
     void ClickGroove()
@@ -230,7 +229,7 @@ class Walk {
     void TurnWheel()
     {
         if (LevelSlider *slider = AnyUsable<LevelSlider>())
-            Wheel(slider, Chance(2) ? 120 : -240);
+            console_.Wheel(slider, Chance(2) ? 120 : -240);
     }
     void ClickButton()
     {
@@ -305,8 +304,8 @@ class Walk {
     // What must hold at rest.
     QString WrongPair(const QString &slider, const QString &field, int byte, int zeroAt, int perDecibel) const
     {
-        auto *scl = console_.Find<QSlider>(qPrintable(slider));
-        auto *lbl = console_.Find<LevelField>(qPrintable(field));
+        auto *scl = console_.Find<QSlider>(slider);
+        auto *lbl = console_.Find<LevelField>(field);
         const int position = std::min(byte, scl->maximum());
         const QString text = QString::number(double(zeroAt - position) / perDecibel, 'f', perDecibel - 1);
         if (scl->value() != position)
@@ -327,7 +326,7 @@ class Walk {
     QString WrongChannel() const
     {
         int channel = 0;
-        while (!console_.Find<QPushButton>(qPrintable(Member("cmdEQChan", channel)))->font().bold())
+        while (!console_.Find<QPushButton>(Member("cmdEQChan", channel))->font().bold())
             ++channel;
         const ChannelSlice &slice = console_.settings.Audio.ChannelEq[std::size_t(channel)];
         QStringList wrong{WrongPair("sclBass", "lblBass", slice.BassLevel, 10, 1),
@@ -336,7 +335,7 @@ class Walk {
         if (kind == ChannelKind::Subwoofer) {
             wrong << WrongPair("sclGain", "lblGain", slice.Band[SubGain], 12, 2);
             for (const auto &[name, byte] : {std::pair("optBand", SubWidth), std::pair("optSPB", SubFreq)})
-                if (!console_.Find<QRadioButton>(qPrintable(Member(name, slice.Band[byte])))->isChecked())
+                if (!console_.Find<QRadioButton>(Member(name, slice.Band[byte]))->isChecked())
                     wrong << QString("%1 shows another choice").arg(name);
         }
         const bool screen = kind == ChannelKind::Screen;
