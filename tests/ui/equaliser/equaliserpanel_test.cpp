@@ -1,9 +1,7 @@
-#include "support/ui/consoleundertest.h"
+#include "support/ui/equaliserconsole.h"
 
 #include <QGroupBox>
-#include <QLineEdit>
 #include <QPushButton>
-#include <QRadioButton>
 
 #include <algorithm>
 
@@ -14,56 +12,6 @@ namespace {
 const std::array<const char *, 6> ChannelNames{"Left Channel",   "Left Surround Channel",
                                                "Center Channel", "Right Surround Channel",
                                                "Right Channel",  "Subwoofer Channel"};
-
-/// A unit whose channels are all flat.
-void FlattenUnit(ConsoleUnderTest &start)
-{
-    for (ChannelSlice &slice : start.unit.audio.ChannelEq) {
-        slice.Band.fill(12);
-        slice.BassLevel = slice.TrebleLevel = 10;
-    }
-    start.unit.audio.ChannelEq[Subwoofer].Band[SubWidth] = 0;
-    start.unit.audio.ChannelEq[Subwoofer].Band[SubFreq] = 0;
-}
-
-/// The tab "E.Q" with automatic upload on.
-struct Console : ConsoleUnderTest {
-    explicit Console(const std::function<void(ConsoleUnderTest &)> &prepare = FlattenUnit)
-        : ConsoleUnderTest(OnLine, Tab::Eq, prepare)
-    {
-        settings.Options.AutoUpload = true;
-    }
-
-    LevelSlider *Slider(const char *name, int index) const { return Find<LevelSlider>(Member(name, index)); }
-    LevelSlider *Slider(const char *name) const { return Find<LevelSlider>(name); }
-    QString Text(const QString &field) const { return Find<QLineEdit>(field)->text(); }
-    QString Text(const char *name, int index) const { return Text(Member(name, index)); }
-    void Choose(int channel) { Click(Member("cmdEQChan", channel)); }
-    ChannelSlice &Slice(int channel) { return settings.Audio.ChannelEq[std::size_t(channel)]; }
-    ChannelSlice &OfUnit(int channel) { return unit.audio.ChannelEq[std::size_t(channel)]; }
-    bool IsShown(const char *frame) const { return Find<QWidget>(frame)->isVisible(); }
-    QAbstractButton *Option(const char *name, int index) const
-    {
-        return Find<QRadioButton>(Member(name, index));
-    }
-};
-
-/// A unit whose channels all differ, with bytes beyond every control's range in Right and Subwoofer.
-void FillUnit(ConsoleUnderTest &start)
-{
-    for (int channel = 0; channel < ChannelCount; ++channel) {
-        ChannelSlice &slice = start.unit.audio.ChannelEq[std::size_t(channel)];
-        for (std::size_t band = 0; band < slice.Band.size(); ++band)
-            slice.Band[band] = Byte((3 * band + 5 * std::size_t(channel)) % 25);
-        slice.BassLevel = Byte(2 + channel);
-        slice.TrebleLevel = Byte(18 - channel);
-        slice.unused29 = Byte(200 + channel);
-    }
-    start.unit.audio.ChannelEq[Right].Band[3] = 200;
-    start.unit.audio.ChannelEq[Right].TrebleLevel = 99;
-    start.unit.audio.ChannelEq[Subwoofer].Band[SubWidth] = 7;
-    start.unit.audio.ChannelEq[Subwoofer].Band[SubFreq] = 255;
-}
 
 } // namespace
 
@@ -83,29 +31,13 @@ class EqualiserPanelTest : public QObject {
     void changeWithAutomaticUploadOffIsStoredAndTold();
     void changeBackToThePositionAtFocusIsStoredNotSentAndTold();
     void byteBeyondItsControlStaysUntilThatControlMoves();
-    void channelChangeSendsNoiseOffFirstAndTakesTheNoiseAlong();
-    void channelChangeTakesWhatIsTyped();
-    void channelChangeOnABadValueIsNotCarriedOut();
-    void pinkNoiseTogglesWithItsFace();
-    void leavingTheTabStopsItsNoise();
-    void noiseThatNewLeftPlayingStopsOnLeaving();
-    void pasteRefusesInItsOrder();
-    void pasteAsksAndUploadsOnce();
-    void pasteTakesTheSourceAsItIsThen();
-    void subwooferTakesNoPaste();
-    void resetChannelAsksAndUploadsOnce();
-    void resetSubwooferChoosesTheFirstButtons();
     void centreFrequencyAndWidthAreTwoGroupsStoredAndSent();
     void subBassGainKeysAndTyping();
     void optionsSetByCodeAreNoClicks();
     void explicitUploadSendsWhatTheTabShows();
-    void ctrlShortcutsRunTheirCommands();
-    void shortcutsNeedTheirOptionAndTheTab();
     void readBackShowsTheUnitAndSendsNothing();
     void readBackWaitsForTheHand();
     void cableLostDuringADragIsOneMessageAndTheEditIsKept();
-    void cableLostInAPinkToggleIsOneMessage();
-    void cableLostInAPasteIsOneMessageAndTheEditIsKept();
     void cableLostByAPollDuringADragIsOneMessage();
     void everyControlIsNamedForAScreenReader();
     void tabKeyRunsThroughTheChannelButtonsThenTheBands();
@@ -113,7 +45,7 @@ class EqualiserPanelTest : public QObject {
 
 void EqualiserPanelTest::eachChannelShowsThePanelOfItsKindUnderItsName()
 {
-    Console console;
+    EqualiserConsole console;
     const std::array<const char *, 6> frame{"frmBandA", "frmBandB", "frmBandA",
                                             "frmBandB", "frmBandA", "frmBass"};
     for (int channel = 0; channel < ChannelCount; ++channel) {
@@ -128,7 +60,7 @@ void EqualiserPanelTest::eachChannelShowsThePanelOfItsKindUnderItsName()
 
 void EqualiserPanelTest::currentChannelIsGreyAndBold()
 {
-    Console console;
+    EqualiserConsole console;
     console.Choose(Center);
     for (int channel = 0; channel < ChannelCount; ++channel) {
         auto *button = console.Find<QPushButton>(Member("cmdEQChan", channel));
@@ -140,7 +72,7 @@ void EqualiserPanelTest::currentChannelIsGreyAndBold()
 
 void EqualiserPanelTest::channelsBytesAreShownAsDecibels()
 {
-    Console console(FillUnit);
+    EqualiserConsole console(FillUnit);
     for (int channel = 0; channel < ChannelCount; ++channel) {
         console.Choose(channel);
         const ChannelSlice &slice = console.OfUnit(channel);
@@ -167,7 +99,7 @@ void EqualiserPanelTest::channelsBytesAreShownAsDecibels()
 
 void EqualiserPanelTest::bandDraggedByMouseIsStoredAndSentOnce()
 {
-    Console console;
+    EqualiserConsole console;
     console.DragTo(console.Slider("sclA", 14), 4);
     QCOMPARE(console.Text("lblBand(14)"), "4.0");
     QCOMPARE(console.Calls(), Calls{});
@@ -180,7 +112,7 @@ void EqualiserPanelTest::bandDraggedByMouseIsStoredAndSentOnce()
 
 void EqualiserPanelTest::bandTypedIsStoredAndSentOnce()
 {
-    Console console;
+    EqualiserConsole console;
     console.Choose(RightSurround);
     console.Forget();
     console.Type("lblLSRSv(8)", "-1.3");
@@ -192,7 +124,7 @@ void EqualiserPanelTest::bandTypedIsStoredAndSentOnce()
 
 void EqualiserPanelTest::bandKeysAndNeighboursGoRoundTheEnds()
 {
-    Console console;
+    EqualiserConsole console;
     LevelSlider *first = console.Slider("sclA", 0);
     LevelSlider *last = console.Slider("sclA", 26);
     first->setFocus();
@@ -215,7 +147,7 @@ void EqualiserPanelTest::bandKeysAndNeighboursGoRoundTheEnds()
 
 void EqualiserPanelTest::bassAndTrebleAreOneKeyboardGroup()
 {
-    Console console;
+    EqualiserConsole console;
     LevelSlider *bass = console.Slider("sclBass");
     LevelSlider *treble = console.Slider("sclTreb");
     bass->setFocus();
@@ -265,7 +197,7 @@ void EqualiserPanelTest::rangeMessagesOfTheTab()
     QFETCH(QString, field);
     QFETCH(QString, bad);
     QFETCH(QString, message);
-    Console console;
+    EqualiserConsole console;
     console.Choose(channel);
     console.Forget();
     const AudioBlock before = console.settings.Audio;
@@ -279,7 +211,7 @@ void EqualiserPanelTest::rangeMessagesOfTheTab()
 
 void EqualiserPanelTest::changeWithAutomaticUploadOffIsStoredAndTold()
 {
-    Console console;
+    EqualiserConsole console;
     console.settings.Options.AutoUpload = false;
     console.Type("lblBand(0)", "2");
     console.Type("lblBass", "1");
@@ -294,7 +226,7 @@ void EqualiserPanelTest::changeWithAutomaticUploadOffIsStoredAndTold()
 
 void EqualiserPanelTest::changeBackToThePositionAtFocusIsStoredNotSentAndTold()
 {
-    Console console;
+    EqualiserConsole console;
     console.Slider("sclA", 2)->setFocus();
     console.Key(Qt::Key_Up);
     console.Key(Qt::Key_Down);
@@ -306,7 +238,7 @@ void EqualiserPanelTest::changeBackToThePositionAtFocusIsStoredNotSentAndTold()
 
 void EqualiserPanelTest::byteBeyondItsControlStaysUntilThatControlMoves()
 {
-    Console console(FillUnit);
+    EqualiserConsole console(FillUnit);
     console.Choose(Right);
     console.Forget();
     QCOMPARE(console.Slider("sclA", 3)->value(), 24);
@@ -323,191 +255,9 @@ void EqualiserPanelTest::byteBeyondItsControlStaysUntilThatControlMoves()
     QCOMPARE(console.OfUnit(Subwoofer).Band[SubFreq], Byte(255));
 }
 
-void EqualiserPanelTest::channelChangeSendsNoiseOffFirstAndTakesTheNoiseAlong()
-{
-    Console console;
-    console.Choose(Center);
-    QCOMPARE(console.Calls(), Calls{"SetPink 0 0"});
-    console.Forget();
-    console.Click("cmdPink");
-    console.Choose(Subwoofer);
-    QCOMPARE(console.Calls(), (Calls{"SetPink 2 -1", "SetPink 2 0", "SetPink 5 -1"}));
-    QCOMPARE(console.Find<QPushButton>("cmdPink")->text(), "Pink Noise On");
-}
-
-void EqualiserPanelTest::channelChangeTakesWhatIsTyped()
-{
-    Console console;
-    console.TypeOnly("lblBand(7)", "3");
-    console.Choose(Center);
-    QCOMPARE(console.Slice(Left).Band[7], Byte(6));
-    QCOMPARE(console.Slice(Center).Band[7], Byte(12));
-    QCOMPARE(console.Calls(), (Calls{"SetAudio", "SetPink 0 0"}));
-}
-
-void EqualiserPanelTest::channelChangeOnABadValueIsNotCarriedOut()
-{
-    Console console;
-    console.TypeOnly("lblBand(7)", "33");
-    console.AnswerNextBox("Range Check Error", QMessageBox::Ok);
-    console.Choose(Center);
-    QVERIFY(console.AllBoxesSeen());
-    QCOMPARE(console.Find<QGroupBox>("frmBandA")->title(), "Left Channel");
-    QCOMPARE(console.Calls(), Calls{});
-    QTRY_VERIFY(console.Find<QLineEdit>("lblBand(7)")->hasFocus());
-}
-
-void EqualiserPanelTest::pinkNoiseTogglesWithItsFace()
-{
-    Console console;
-    auto *cmdPink = console.Find<QPushButton>("cmdPink");
-    QCOMPARE(cmdPink->text(), "Pink Noise Off");
-    console.Click("cmdPink");
-    QCOMPARE(cmdPink->text(), "Pink Noise On");
-    QVERIFY(cmdPink->font().bold());
-    QCOMPARE(cmdPink->grab().toImage().pixelColor(5, 5), QColor(255, 255, 0));
-    console.Click("cmdPink");
-    QCOMPARE(cmdPink->text(), "Pink Noise Off");
-    QVERIFY(!cmdPink->font().bold());
-    QCOMPARE(console.Calls(), (Calls{"SetPink 0 -1", "SetPink 0 0"}));
-}
-
-void EqualiserPanelTest::leavingTheTabStopsItsNoise()
-{
-    Console console;
-    console.GoTo(Tab::Options);
-    QCOMPARE(console.Calls(), Calls{});
-    console.GoTo(Tab::Eq);
-    console.Click("cmdPink");
-    console.Forget();
-    console.GoTo(Tab::Options);
-    QCOMPARE(console.Calls(), Calls{"SetPink 0 0"});
-    QCOMPARE(console.Find<QPushButton>("cmdPink")->text(), "Pink Noise Off");
-}
-
-void EqualiserPanelTest::noiseThatNewLeftPlayingStopsOnLeaving()
-{
-    Console console;
-    console.Click("cmdPink");
-    console.Forget();
-    console.Trigger("mnuNew");
-    QCOMPARE(console.Find<QPushButton>("cmdPink")->text(), "Pink Noise Off");
-    QCOMPARE(console.Calls(), Calls{});
-    console.GoTo(Tab::Options);
-    QCOMPARE(console.Calls(), Calls{"SetPink 0 0"});
-}
-
-void EqualiserPanelTest::pasteRefusesInItsOrder()
-{
-    Console console;
-    console.AnswerNextBox("Error", QMessageBox::Ok, "Nothing to Paste!");
-    console.Click("cmdPaste");
-    console.Click("cmdCopy");
-    console.Click("cmdPaste");
-    QVERIFY(console.AllBoxesSeen());
-    console.Choose(LeftSurround);
-    console.AnswerNextBox("Error", QMessageBox::Ok, "Incompatable Channel Format!");
-    console.Click("cmdPaste");
-    console.Click("cmdCopy");
-    console.Choose(Center);
-    console.AnswerNextBox("Error", QMessageBox::Ok, "Incompatable Channel Format!");
-    console.Click("cmdPaste");
-    QVERIFY(console.AllBoxesSeen());
-    QVERIFY(!console.settings.SettingsChanged);
-    QVERIFY(!std::ranges::count(console.Calls(), "SetAudio"));
-}
-
-void EqualiserPanelTest::pasteAsksAndUploadsOnce()
-{
-    Console console(FillUnit);
-    console.Click("cmdCopy");
-    console.Choose(Right);
-    console.Forget();
-    const QString question = "Are you sure you want to copy Left Channel to Right Channel?";
-    console.AnswerNextBox("Copy?", QMessageBox::No, question);
-    console.Click("cmdPaste");
-    QCOMPARE(console.Calls(), Calls{});
-    QCOMPARE(console.Slice(Right).Band[3], Byte(200));
-    console.AnswerNextBox("Copy?", QMessageBox::Yes, question);
-    console.Click("cmdPaste");
-    QCOMPARE(console.Calls(), Calls{"SetAudio"});
-    QVERIFY(console.settings.SettingsChanged);
-    QCOMPARE(console.OfUnit(Right).Band, console.OfUnit(Left).Band);
-    QCOMPARE(console.OfUnit(Right).BassLevel, console.OfUnit(Left).BassLevel);
-    QCOMPARE(console.OfUnit(Right).TrebleLevel, console.OfUnit(Left).TrebleLevel);
-    QCOMPARE(console.OfUnit(Right).unused29, Byte(204));
-    QCOMPARE(console.Text("lblBand(1)"), QString("4.5"));
-    console.Choose(Center);
-    console.Forget();
-    console.AnswerNextBox("Copy?", QMessageBox::Yes);
-    console.Click("cmdPaste");
-    QCOMPARE(console.OfUnit(Center).Band, console.OfUnit(Left).Band);
-}
-
-void EqualiserPanelTest::pasteTakesTheSourceAsItIsThen()
-{
-    Console console;
-    console.Choose(LeftSurround);
-    console.Click("cmdCopy");
-    console.Type("lblLSRSv(4)", "5");
-    console.Choose(RightSurround);
-    console.AnswerNextBox("Copy?", QMessageBox::Yes,
-                          "Are you sure you want to copy Left Surround Channel to Right Surround Channel?");
-    console.Click("cmdPaste");
-    QCOMPARE(console.Text("lblLSRSv(4)"), "5.0");
-    QCOMPARE(console.OfUnit(RightSurround).Band[4], Byte(2));
-}
-
-void EqualiserPanelTest::subwooferTakesNoPaste()
-{
-    Console console;
-    console.Click("cmdCopy");
-    console.Choose(Subwoofer);
-    console.AnswerNextBox("Error", QMessageBox::Ok, "Incompatable Channel Format!");
-    console.Click("cmdPaste");
-    console.Click("cmdCopy");
-    console.Click("cmdPaste");
-    QVERIFY(console.AllBoxesSeen());
-}
-
-void EqualiserPanelTest::resetChannelAsksAndUploadsOnce()
-{
-    Console console(FillUnit);
-    const QString question = "Are you sure you want to reset Left Channel?";
-    console.AnswerNextBox("Reset Channel?", QMessageBox::No, question);
-    console.Click("cmdClear");
-    QCOMPARE(console.Calls(), Calls{});
-    console.AnswerNextBox("Reset Channel?", QMessageBox::Yes, question);
-    console.Click("cmdClear");
-    QCOMPARE(console.Calls(), Calls{"SetAudio"});
-    for (int band = 0; band < BandCount; ++band) {
-        QCOMPARE(console.Text("lblBand", band), "0.0");
-        QCOMPARE(console.OfUnit(Left).Band[std::size_t(band)], Byte(12));
-    }
-    QCOMPARE(console.Text("lblBass"), "0");
-    QCOMPARE(console.Text("lblTreb"), "0");
-    QCOMPARE(console.OfUnit(Left).BassLevel, Byte(10));
-    QVERIFY(console.settings.SettingsChanged);
-}
-
-void EqualiserPanelTest::resetSubwooferChoosesTheFirstButtons()
-{
-    Console console(FillUnit);
-    console.Choose(Subwoofer);
-    console.AnswerNextBox("Reset Channel?", QMessageBox::Yes,
-                          "Are you sure you want to reset Subwoofer Channel?");
-    console.Click("cmdClear");
-    QVERIFY(console.Option("optBand", 0)->isChecked());
-    QVERIFY(console.Option("optSPB", 0)->isChecked());
-    QCOMPARE(console.Text("lblGain"), "0.0");
-    QCOMPARE(console.OfUnit(Subwoofer).Band[SubGain], Byte(12));
-    QCOMPARE(console.OfUnit(Subwoofer).Band[SubWidth], Byte(0));
-    QCOMPARE(console.OfUnit(Subwoofer).Band[SubFreq], Byte(0));
-}
-
 void EqualiserPanelTest::centreFrequencyAndWidthAreTwoGroupsStoredAndSent()
 {
-    Console console;
+    EqualiserConsole console;
     console.Choose(Subwoofer);
     console.Forget();
     QCOMPARE(console.Option("optSPB", 4)->text(), "63 Hz");
@@ -524,7 +274,7 @@ void EqualiserPanelTest::centreFrequencyAndWidthAreTwoGroupsStoredAndSent()
 
 void EqualiserPanelTest::subBassGainKeysAndTyping()
 {
-    Console console;
+    EqualiserConsole console;
     console.Choose(Subwoofer);
     console.Forget();
     LevelSlider *gain = console.Slider("sclGain");
@@ -544,7 +294,7 @@ void EqualiserPanelTest::subBassGainKeysAndTyping()
 
 void EqualiserPanelTest::optionsSetByCodeAreNoClicks()
 {
-    Console console;
+    EqualiserConsole console;
     console.Choose(Subwoofer);
     console.Forget();
     console.Option("optSPB", 3)->setChecked(true);
@@ -555,7 +305,7 @@ void EqualiserPanelTest::optionsSetByCodeAreNoClicks()
 
 void EqualiserPanelTest::explicitUploadSendsWhatTheTabShows()
 {
-    Console console;
+    EqualiserConsole console;
     console.settings.Options.AutoUpload = false;
     console.Slider("sclA", 9)->setFocus();
     console.Press(Qt::Key_Down);
@@ -567,41 +317,9 @@ void EqualiserPanelTest::explicitUploadSendsWhatTheTabShows()
     QCOMPARE(console.OfUnit(Left).Band[9], Byte(4));
 }
 
-void EqualiserPanelTest::ctrlShortcutsRunTheirCommands()
-{
-    Console console;
-    console.settings.Options.Shortcuts = true;
-    console.Key(Qt::Key_M, Qt::ControlModifier);
-    console.Key(Qt::Key_G, Qt::ControlModifier);
-    QCOMPARE(console.Calls(), (Calls{"SetMute -1", "SetPink 0 -1"}));
-    console.Forget();
-    const std::array<Qt::Key, 6> keys{Qt::Key_L, Qt::Key_P, Qt::Key_C, Qt::Key_Q, Qt::Key_R, Qt::Key_E};
-    for (int channel = ChannelCount - 1; channel >= 0; --channel) {
-        console.Key(keys[std::size_t(channel)], Qt::ControlModifier);
-        QVERIFY(console.Find<QPushButton>(Member("cmdEQChan", channel))->font().bold());
-    }
-    console.Type("lblVol(1)", "5");
-    console.Forget();
-    console.AnswerNextBox("Set Fader = 7.0", QMessageBox::Yes);
-    console.Key(Qt::Key_7, Qt::ControlModifier);
-    QCOMPARE(console.Calls(), Calls{"SetVol 70"});
-}
-
-void EqualiserPanelTest::shortcutsNeedTheirOptionAndTheTab()
-{
-    Console console;
-    console.Key(Qt::Key_M, Qt::ControlModifier);
-    console.settings.Options.Shortcuts = true;
-    console.Key(Qt::Key_M, Qt::ControlModifier | Qt::ShiftModifier);
-    console.Key(Qt::Key_X, Qt::ControlModifier);
-    console.GoTo(Tab::OutputTrim);
-    console.Key(Qt::Key_M, Qt::ControlModifier);
-    QCOMPARE(console.Calls(), Calls{});
-}
-
 void EqualiserPanelTest::readBackShowsTheUnitAndSendsNothing()
 {
-    Console console;
+    EqualiserConsole console;
     console.OfUnit(Left).Band[11] = 3;
     console.OfUnit(Left).BassLevel = 20;
     console.Trigger("mnuRef");
@@ -613,7 +331,7 @@ void EqualiserPanelTest::readBackShowsTheUnitAndSendsNothing()
 
 void EqualiserPanelTest::readBackWaitsForTheHand()
 {
-    Console console;
+    EqualiserConsole console;
     console.settings.Options.AutoRefresh = 1;
     console.settings.Options.RefreshSeconds = 1;
     console.DragTo(console.Slider("sclA", 0), 2);
@@ -634,7 +352,7 @@ void EqualiserPanelTest::readBackWaitsForTheHand()
 
 void EqualiserPanelTest::cableLostDuringADragIsOneMessageAndTheEditIsKept()
 {
-    Console console;
+    EqualiserConsole console;
     console.DragTo(console.Slider("sclA", 13), 0);
     console.unit.panel.plugged = false;
     console.AnswerNextBox("Connection Error", QMessageBox::Ok);
@@ -648,36 +366,9 @@ void EqualiserPanelTest::cableLostDuringADragIsOneMessageAndTheEditIsKept()
     QCOMPARE(console.Find<QLabel>("lblStat")->text(), "Off Line");
 }
 
-void EqualiserPanelTest::cableLostInAPinkToggleIsOneMessage()
-{
-    Console console;
-    console.unit.panel.plugged = false;
-    console.AnswerNextBox("Connection Error", QMessageBox::Ok);
-    console.Click("cmdPink");
-    QVERIFY(console.AllBoxesSeen());
-    QVERIFY(!console.Find<QPushButton>("cmdPink")->isEnabled());
-    console.Forget();
-    console.GoTo(Tab::FormatSelection);
-    QCOMPARE(console.Calls(), Calls{});
-}
-
-void EqualiserPanelTest::cableLostInAPasteIsOneMessageAndTheEditIsKept()
-{
-    Console console(FillUnit);
-    console.Click("cmdCopy");
-    console.Choose(Center);
-    console.AnswerNextBox("Copy?", QMessageBox::Yes);
-    console.AnswerNextBox("Connection Error", QMessageBox::Ok);
-    console.unit.panel.plugged = false;
-    console.Click("cmdPaste");
-    QVERIFY(console.AllBoxesSeen());
-    QCOMPARE(console.Slice(Center).Band, console.Slice(Left).Band);
-    QVERIFY(!console.Slider("sclA", 0)->isEnabled());
-}
-
 void EqualiserPanelTest::cableLostByAPollDuringADragIsOneMessage()
 {
-    Console console;
+    EqualiserConsole console;
     console.DragTo(console.Slider("sclA", 13), 5);
     console.unit.panel.plugged = false;
     console.AnswerNextBox("Connection Error", QMessageBox::Ok);
@@ -691,7 +382,7 @@ void EqualiserPanelTest::cableLostByAPollDuringADragIsOneMessage()
 
 void EqualiserPanelTest::everyControlIsNamedForAScreenReader()
 {
-    Console console;
+    EqualiserConsole console;
     console.Choose(Center);
     QCOMPARE(console.Slider("sclA", 14)->accessibleName(), "Center Channel, 1 kHz, dB");
     QCOMPARE(console.Find<QLineEdit>("lblBand(15)")->accessibleName(), "Center Channel, 1.25 kHz, dB");
@@ -706,7 +397,7 @@ void EqualiserPanelTest::everyControlIsNamedForAScreenReader()
 
 void EqualiserPanelTest::tabKeyRunsThroughTheChannelButtonsThenTheBands()
 {
-    Console console;
+    EqualiserConsole console;
     console.Find<QPushButton>("cmdEQChan(0)")->setFocus();
     QStringList order;
     for (int i = 0; i < 11; ++i) {
