@@ -1,17 +1,15 @@
+#include "console.h"
+#include "measuring.h"
 #include "ui/controls/levelslider.h"
-#include "ui/main/frmmain.h"
 #include "unit/simulatedunit.h"
 
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPushButton>
-#include <QTabWidget>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <ctime>
 #include <vector>
 
 /// What the equaliser tab costs in the whole main window: a slider's release until the unit hears of it, a
@@ -24,12 +22,6 @@ using Moment = std::chrono::steady_clock::time_point;
 Moment Now()
 {
     return std::chrono::steady_clock::now();
-}
-
-/// What this process itself worked, in milliseconds: other load on the machine is not in it.
-double CpuMilliseconds()
-{
-    return double(std::clock()) * 1000 / CLOCKS_PER_SEC;
 }
 
 /// A unit that answers at once and remembers when it was last sent the audio settings.
@@ -60,29 +52,10 @@ class Times {
     std::vector<double> times_;
 };
 
-struct Console {
-    QTemporaryDir folder;
-    TimedUnit unit;
-    SystemClock clock;
-    Settings settings;
-    FrmMain window;
+struct EqConsole : Console<TimedUnit> {
+    EqConsole() : Console(Tab::Eq, QSize(1920, 1080)) {}
 
-    Console()
-        : window(settings, unit, clock,
-                 {.programDirectory = folder.path(),
-                  .serialIniMissing = [] { return false; },
-                  .report = [](const QString &) {}})
-    {
-        settings.FaderLevel = NominalFader;
-        window.resize(1920, 1080);
-        window.Form_Load();
-        window.show();
-        window.findChild<QTabWidget *>("SSTAB1")->setCurrentIndex(int(Tab::Eq));
-        settings.Options.AutoUpload = true;
-        QCoreApplication::processEvents();
-    }
-
-    LevelSlider *Band(int band) { return window.findChild<LevelSlider *>(QString("sclA(%1)").arg(band)); }
+    LevelSlider *Band(int band) { return Find<LevelSlider>(QString("sclA(%1)").arg(band)); }
 };
 
 void Mouse(LevelSlider *slider, QEvent::Type type, int position)
@@ -95,13 +68,13 @@ void Mouse(LevelSlider *slider, QEvent::Type type, int position)
     QApplication::sendEvent(slider, &event);
 }
 
-void Drags(Console &console)
+void Drags(EqConsole &console)
 {
     Times frames;
     Times sends;
     double longestWork = 0;
-    constexpr int Rounds = 40;
-    for (int round = 0; round < Rounds; ++round) {
+    const int rounds = FullOrBrief(40, 2);
+    for (int round = 0; round < rounds; ++round) {
         LevelSlider *slider = console.Band(round % BandCount);
         Mouse(slider, QEvent::MouseButtonPress, slider->value());
         for (int step = 0; step <= slider->maximum(); ++step) {
@@ -114,6 +87,8 @@ void Drags(Console &console)
         }
         const Moment released = Now();
         Mouse(slider, QEvent::MouseButtonRelease, slider->maximum());
+        if (console.unit.audioSent < released)
+            qFatal("the release of a slider sent nothing");
         sends.Add(released, console.unit.audioSent);
         slider->setValue(0);
         QCoreApplication::processEvents();
@@ -124,17 +99,17 @@ void Drags(Console &console)
                 frames.At(0.5) / 1000, frames.At(1) / 1000, longestWork);
 }
 
-void Channels(Console &console)
+void Channels(EqConsole &console)
 {
     Times switches;
     Times shown;
-    constexpr int Rounds = 60;
-    for (int round = 0; round < Rounds; ++round) {
+    const int rounds = FullOrBrief(60, 4);
+    for (int round = 0; round < rounds; ++round) {
         const int channel = round % 2 == 0 ? Right : Left;
         for (int band = 0; band < BandCount; ++band)
             console.settings.Audio.ChannelEq[std::size_t(channel)].Band[std::size_t(band)] =
                 Byte((band * 7 + round) % 25);
-        auto *button = console.window.findChild<QPushButton *>(QString("cmdEQChan(%1)").arg(channel));
+        auto *button = console.Find<QPushButton>(QString("cmdEQChan(%1)").arg(channel));
         const Moment clicked = Now();
         button->click();
         const Moment loaded = Now();
@@ -153,7 +128,7 @@ int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
     QApplication::setStyle("Fusion");
-    Console console;
+    EqConsole console;
     std::puts("Equaliser tab:");
     Drags(console);
     Channels(console);

@@ -2,6 +2,7 @@
 // calls of the same steps, in turn, on the same disk.
 
 #include "files/configfile.h"
+#include "measuring.h"
 #include "support/samplefile.h"
 #include "support/testfolder.h"
 
@@ -65,7 +66,7 @@ bool BareSave(const std::string &folderPath, const std::string &path, const std:
 /// Saves both ways in turn, so that the disk's moods meet both.
 bool MeasureSaving()
 {
-    constexpr int Runs = 100;
+    const int runs = FullOrBrief(100, 3);
     const TestFolder folder;
     const std::string path = folder.Path("bench.zcf");
     const std::string temporary = folder.Path("bench.tmp");
@@ -75,7 +76,7 @@ bool MeasureSaving()
     std::vector<double> ours;
     std::vector<double> bare;
     bool good = !SaveConfigFile(settings);
-    for (int run = 0; run < Runs; ++run) {
+    for (int run = 0; run < runs; ++run) {
         ours.push_back(Took([&] { good = !SaveConfigFile(settings) && good; }));
         bare.push_back(Took([&] { good = BareSave(folder.Path(), path, temporary, SampleFile) && good; }));
     }
@@ -88,16 +89,16 @@ bool MeasureSaving()
 
 int main()
 {
-    constexpr int Runs = 20'000;
+    const int runs = FullOrBrief(20'000, 100);
     Settings settings;
     bool good = true;
-    const double parse = MedianOf(Runs, [&] { good = ParseConfig(SampleFile, settings) && good; });
+    const double parse = MedianOf(runs, [&] { good = ParseConfig(SampleFile, settings) && good; });
     std::printf("files: parse and commit %.1f us (goal < 10)\n", parse);
 
     std::size_t length = 0;
-    const double compose = MedianOf(Runs, [&] { length += ComposeConfig(settings).size(); });
+    const double compose = MedianOf(runs, [&] { length += ComposeConfig(settings).size(); });
     std::printf("files: compose %.1f us (goal < 10)\n", compose);
-    good = length == Runs * SampleFile.size() && good;
+    good = length == std::size_t(runs) * SampleFile.size() && good;
 
     return MeasureSaving() && good ? 0 : 1;
 }

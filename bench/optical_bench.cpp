@@ -1,12 +1,13 @@
-#include "ui/controls/entrywindow.h"
-#include "ui/optical/messages.h"
-#include "ui/optical/opticalpanel.h"
+#include "console.h"
+#include "measuring.h"
+#include "ui/picture/opticalreadings.h"
+#include "ui/picture/pictureboxes.h"
 #include "unit/simulatedunit.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QMainWindow>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QThread>
 #include <QTimer>
@@ -31,13 +32,6 @@ namespace {
 
 using namespace kelvo;
 
-double CpuMilliseconds()
-{
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return double(time.tv_sec) * 1e3 + double(time.tv_nsec) * 1e-6;
-}
-
 double ResidentMegabytes()
 {
     std::ifstream status("/proc/self/status");
@@ -49,38 +43,6 @@ double ResidentMegabytes()
     }
     return 0;
 }
-
-/// A link's view that shows nothing.
-struct Unseen : LinkView {
-    void ShowConnectStatus(LinkState) override {}
-    void RepaintWindow() override {}
-    void EnableFrames(bool) override {}
-    void SetPolling(bool) override {}
-    void ShowProgress(std::string_view) override {}
-    void ShowAttempt(int) override {}
-    void HideUnitVersion() override {}
-    void ShowUnitVersion(const std::array<std::string, 3> &) override {}
-    void ShowError(std::string_view, std::string_view) override {}
-    bool Ask(std::string_view, std::string_view) override { return false; }
-    void ReflectModeStatus() override {}
-    void ReflectMuteStatus() override {}
-    void ReflectVolumeLevel(bool) override {}
-    void ShowSystemSettings() override {}
-    void ShowAudioSettings() override {}
-    void LoadChannelData() override {}
-    void ShowF1Format() override {}
-    void ShowSettingsFromUnit() override {}
-    void ShowDate() override {}
-    void ShowSent() override {}
-    void StreamLock(bool locked) override
-    {
-        if (panel)
-            panel->StreamLock(locked);
-    }
-    void StopRunningStream() override {}
-
-    OpticalPanel *panel = nullptr;
-};
 
 /// A simulated unit that counts its readings.
 struct CountedUnit : SimulatedUnit {
@@ -103,35 +65,12 @@ struct CountedUnit : SimulatedUnit {
     }
 };
 
-/// The optical tab in a window of its own, on line with the simulated unit.
-struct OpticalWindow {
-    CountedUnit unit;
-    Settings settings;
-    SystemClock clock;
-    Unseen view;
-    UnitLink link{settings, unit, view, clock};
-    EntryWindow entries;
-    QMainWindow window;
-    StateButton *cmdMute4 = new StateButton("Mute");
-    OpticalPanel *panel;
-    QPushButton *button = new QPushButton("Button", &window); ///< its click asks nothing of the unit
+/// The optical tab in front; nothing runs yet.
+struct OpticalConsole : Console<CountedUnit> {
+    OpticalConsole() : Console(Tab::OpticalSetup, QSize(1100, 800)) {}
 
-    explicit OpticalWindow(QSize size)
-    {
-        panel = new OpticalPanel(
-            settings, link, entries,
-            {&window, cmdMute4, [] {}, [] {}, [](bool) {}, [this] { return !link.InCall(); }});
-        view.panel = panel;
-        window.setCentralWidget(panel);
-        window.resize(size);
-        window.show();
-        link.ConnectToUnit();
-    }
-
-    void Select(int measurement)
-    {
-        panel->findChild<QRadioButton *>(QString("optOptical(%1)").arg(measurement))->click();
-    }
+    QRadioButton *Measurement(int index) { return Find<QRadioButton>(QString("optOptical(%1)").arg(index)); }
+    void StartOrStop() { Find<QPushButton>("cmdStart")->click(); }
 };
 
 void RunFor(int milliseconds)
@@ -171,33 +110,40 @@ std::vector<double> ClickLatencies(QPushButton &button, int clicks)
 
 void MeasureStreams()
 {
-    constexpr int Milliseconds = 2000;
+    const int milliseconds = FullOrBrief(2000, 200);
     for (const int measurement : {0, 1, 2}) {
-        OpticalWindow console(QSize(1100, 800));
-        console.Select(measurement);
-        console.panel->cmdStart_Click();
+        OpticalConsole console;
+        console.Measurement(measurement)->click();
+        console.StartOrStop();
         RunFor(200);
         const int before = console.unit.readings;
         const double cpu = CpuMilliseconds();
         QElapsedTimer wall;
         wall.start();
-        RunFor(Milliseconds);
+        RunFor(milliseconds);
         const double seconds = double(wall.nsecsElapsed()) * 1e-9;
+        if (console.unit.readings == before)
+            qFatal("the stream brings no readings");
         const double share = (CpuMilliseconds() - cpu) / (seconds * 1000);
         const double rate = (console.unit.readings - before) / seconds;
         std::printf("%-10s %4.0f readings/s (goal >= 900), %4.1f %% of one core (goal <= 10)\n",
-                    Measurements[std::size_t(measurement)], rate, 100 * share);
-        console.panel->cmdStart_Click();
+                    qPrintable(console.Measurement(measurement)->text()), rate, 100 * share);
+        console.StartOrStop();
     }
+}
+
+void MeasureClicks()
+{
     for (const int slow : {0, 10}) {
-        OpticalWindow console(QSize(1100, 800));
-        console.panel->cmdStart_Click();
+        OpticalConsole console;
+        QPushButton button("Button", &console.window); // its click asks nothing of the unit
+        console.StartOrStop();
         console.unit.panel.slow = std::chrono::milliseconds(slow);
-        auto latencies = ClickLatencies(*console.button, 60);
+        const auto latencies = ClickLatencies(button, FullOrBrief(60, 5));
         console.unit.panel.slow = {};
         std::printf("click      %4.1f ms at worst, library taking %d ms a read (goal <= 20)\n",
                     *std::max_element(latencies.begin(), latencies.end()), slow);
-        console.panel->cmdStart_Click();
+        console.StartOrStop();
     }
 }
 
@@ -212,13 +158,13 @@ void ShowNow(QWidget &window)
 template <typename Frame>
 double MillisecondsPerFrame(Frame frame)
 {
-    constexpr int Frames = 300;
+    const int frames = FullOrBrief(300, 20);
     for (int warm = 0; warm < 20; ++warm)
         frame(warm);
     const double before = CpuMilliseconds();
-    for (int number = 0; number < Frames; ++number)
+    for (int number = 0; number < frames; ++number)
         frame(number);
-    return (CpuMilliseconds() - before) / Frames;
+    return (CpuMilliseconds() - before) / frames;
 }
 
 constexpr QSize GraphSize(620, 570);
@@ -412,18 +358,18 @@ void MeasureFrames()
 /// As many readings as six minutes bring, painted as often as six minutes are.
 void MeasureMemory()
 {
-    constexpr int Readings = 360'000;
+    const int readings = FullOrBrief(360'000, 3600);
     constexpr int ReadingsPerFrame = 16;
     OwnGraphs own;
     own.Azimuth();
     const double before = ResidentMegabytes();
-    for (int reading = 0; reading < Readings; ++reading) {
+    for (int reading = 0; reading < readings; ++reading) {
         own.Read(reading);
         if (reading % ReadingsPerFrame == 0)
             own.azimuth.PaintChanged();
     }
     std::printf("memory     %+.1f MB after %d azimuth readings (goal: flat, below 1 MB)\n",
-                ResidentMegabytes() - before, Readings);
+                ResidentMegabytes() - before, readings);
 }
 
 } // namespace
@@ -433,6 +379,7 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     QApplication::setStyle("Fusion");
     MeasureStreams();
+    MeasureClicks();
     MeasureFrames();
     MeasureMemory();
     return 0;

@@ -1,3 +1,5 @@
+#include "measuring.h"
+
 #include <QCoreApplication>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -58,14 +60,14 @@ double Median(std::vector<Reading> readings, Field field)
 int main(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
-    constexpr int Runs = 20;
-    constexpr int IdleSeconds = 60;
+    const int runs = kelvo::FullOrBrief(20, 1);
+    const int idleSeconds = kelvo::FullOrBrief(60, 1);
     const bool idleToo = !application.arguments().contains("--no-idle");
 
     std::vector<Reading> console;
     std::vector<Reading> empty;
     std::vector<Reading> plain;
-    for (int run = 0; run < Runs; ++run) {
+    for (int run = 0; run < runs; ++run) {
         QTemporaryDir folder;
         console.push_back(Start(KELVO_CONSOLE, {"--simulate", "--program-dir", folder.path()}, 0));
         empty.push_back(Start(KELVO_EMPTY, {}, 0));
@@ -74,7 +76,7 @@ int main(int argc, char **argv)
     const double consoleStart = Median(console, &Reading::seconds);
     const double emptyStart = Median(empty, &Reading::seconds);
     std::printf("start: %.1f ms, empty window %.1f ms, ratio %.2f (goal at most 1.5), medians of %d\n",
-                consoleStart * 1e3, emptyStart * 1e3, consoleStart / emptyStart, Runs);
+                consoleStart * 1e3, emptyStart * 1e3, consoleStart / emptyStart, runs);
     const double consoleWeight = Median(console, &Reading::megabytes);
     const double plainWeight = Median(plain, &Reading::megabytes);
     std::printf("resident memory: %.1f MB, empty window %.1f MB, as many plain controls %.1f MB, "
@@ -83,9 +85,9 @@ int main(int argc, char **argv)
     if (idleToo) {
         QTemporaryDir folder;
         const Reading idle =
-            Start(KELVO_CONSOLE, {"--simulate", "--program-dir", folder.path()}, IdleSeconds);
+            Start(KELVO_CONSOLE, {"--simulate", "--program-dir", folder.path()}, idleSeconds);
         std::printf("idle and connected: %.2f %% of one core over %d s (goal under 0.5)\n",
-                    idle.cpuSeconds / IdleSeconds * 100, IdleSeconds);
+                    idle.cpuSeconds / idleSeconds * 100, idleSeconds);
     }
     return 0;
 }
