@@ -3,7 +3,8 @@
 add_library(kelvo_flags INTERFACE)
 target_compile_features(kelvo_flags INTERFACE cxx_std_20)
 target_include_directories(kelvo_flags INTERFACE "${CMAKE_CURRENT_SOURCE_DIR}/src")
-target_compile_options(kelvo_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+target_compile_options(kelvo_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+                                             $<$<BOOL:${KELVO_WERROR}>:-Werror>)
 # Channels and fields are small numbers that index arrays. GCC's -Wconversion lets them, Clang's is to say the same.
 target_compile_options(kelvo_flags INTERFACE $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion>)
 # GCC 12 sees overlapping copies in "text" + std::string(...) as soon as it optimises; there are none.
