@@ -70,8 +70,8 @@ void FaderDialogTest::adjustTakesWhatIsTypedInTheDialogFirst()
     FaderConsole console;
     console.OpenDialog();
     console.TypeOnly("lblVol", "5");
-    console.window->activateWindow();
-    QTRY_COMPARE(QApplication::activeWindow(), console.window.get());
+    // A window manager that still hands the focus to the new dialog takes no heed of the first request.
+    QTRY_VERIFY((console.window->activateWindow(), console.window->isActiveWindow()));
     console.Click("cmdAdjust(0)");
     QTRY_VERIFY(console.OfDialog()->hasFocus());
     console.Key(Qt::Key_Up);
