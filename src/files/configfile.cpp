@@ -120,18 +120,18 @@ bool TakeFixed(std::string_view &rest, std::string_view text)
 
 class LineReader {
   public:
-    explicit LineReader(std::string_view bytes) : rest_(bytes), utf8_(IsUtf8(bytes)) {}
+    explicit LineReader(std::string_view bytes) : rest_(bytes) {}
 
     bool Fixed(std::string_view text) { return TakeFixed(rest_, text); }
 
+    /// The text as its bytes stand in the file; which code they are in is told by all texts together.
     bool Text(std::string &text)
     {
         const auto line = TakeLine(rest_);
         const auto quoted = line ? Unquoted(*line) : std::nullopt;
-        if (!quoted)
-            return false;
-        text = WithoutControls(utf8_ ? *quoted : FromWindows1252(*quoted));
-        return true;
+        if (quoted)
+            text = *quoted;
+        return quoted.has_value();
     }
 
     template <typename... Integer>
@@ -145,9 +145,6 @@ class LineReader {
         return StartLine() && std::ranges::all_of(numbers, [&](Byte &number) { return Take(number); }) &&
                line_.empty();
     }
-
-    /// Blank lines may follow the last one and the end mark of old editors, Ctrl-Z; nothing else.
-    bool AtEnd() const { return rest_.find_first_not_of(" \t\r\n\x1A") == std::string_view::npos; }
 
   private:
     bool StartLine()
@@ -173,11 +170,18 @@ class LineReader {
     std::string_view rest_;
     std::string_view line_;
     bool atLineStart_ = true;
-    bool utf8_;
 };
+
+void Decode(TheaterTexts &texts)
+{
+    const bool utf8 = std::ranges::all_of(texts, IsUtf8);
+    for (std::string &text : texts)
+        text = WithoutControls(utf8 ? text : FromWindows1252(text));
+}
 
 bool StartsWithHeader(std::string_view bytes)
 {
+    bytes = WithoutByteOrderMark(bytes);
     return TakeFixed(bytes, Header);
 }
 
@@ -205,9 +209,10 @@ bool ParseConfig(std::string_view bytes, Settings &settings)
 {
     Content content{.Audio = settings.Audio, .System = settings.System};
     TheaterTexts texts;
-    LineReader lines(bytes);
-    if (!WalkLines(lines, content, texts) || !lines.AtEnd())
+    LineReader lines(WithoutByteOrderMark(bytes));
+    if (!WalkLines(lines, content, texts))
         return false;
+    Decode(texts);
     // Fader and format are sent to the unit at once, so they must be ones that it can take.
     if (!InRange(content.FaderLevel, HighestFader) || !InRange(content.CurrentFormat, LastFormat))
         return false;

@@ -13,7 +13,8 @@ namespace kelvo {
 /// are written within the range that a file is loaded with, control characters of texts are left out.
 std::string ComposeConfig(const Settings &settings);
 
-/// Takes the content of a ".zcf" file. All or nothing: false leaves `settings` as they were.
+/// Takes the content of a ".zcf" file; a byte order mark before its first line and whatever follows its last
+/// one are ignored. All or nothing: false leaves `settings` as they were.
 bool ParseConfig(std::string_view bytes, Settings &settings);
 
 /// Takes the content of an old ".cfg" file: both records, 352 bytes. All or nothing.

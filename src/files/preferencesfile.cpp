@@ -70,6 +70,7 @@ std::string ComposePreferences(const Preferences &options)
 Preferences ParsePreferences(std::string_view bytes)
 {
     Preferences options;
+    bytes = WithoutByteOrderMark(bytes);
     // The first line that cannot be read ends the chain; the defaults stay for it and the rest.
     static_cast<void>(ReadLine(bytes, options.ComPort) && ReadLine(bytes, options.AutoUpload) &&
                       ReadLine(bytes, options.ConfirmUpload) && ReadLine(bytes, options.Shortcuts) &&

@@ -97,6 +97,12 @@ std::optional<std::string_view> Unquoted(std::string_view line)
     return line.substr(1, line.size() - 2);
 }
 
+std::string_view WithoutByteOrderMark(std::string_view bytes)
+{
+    constexpr std::string_view Mark = "\xEF\xBB\xBF";
+    return bytes.starts_with(Mark) ? bytes.substr(Mark.size()) : bytes;
+}
+
 bool IsUtf8(std::string_view text)
 {
     if (IsAscii(text))

@@ -30,6 +30,9 @@ bool TakeNumber(std::string_view &text, Integer &number)
     return error == std::errc();
 }
 
+/// A file's content without the UTF-8 byte order mark that some editors put before its first line.
+std::string_view WithoutByteOrderMark(std::string_view bytes);
+
 bool IsUtf8(std::string_view text);
 
 /// Windows-1252 as UTF-8.

@@ -126,16 +126,11 @@ TEST_CASE("a load leaves file name, flags and preferences to its caller")
     CHECK(settings.Options.ComPort == 3);
 }
 
-TEST_CASE("lines may end in CR LF or LF, with blanks around every value; blank lines and the "
-          "end mark of old editors may follow")
+TEST_CASE("lines may end in CR LF or LF, with blanks around every value")
 {
-    const std::string last = "\"M\xC3\xBCller, ok\"\r\n";
     const std::string bytes[] = {
         WithLineEnds(SampleFile, "\n"),
         SampleFile.substr(0, SampleFile.size() - 2),
-        SampleFile + "\r\n \t\r\n\n",
-        SampleFile + "\x1A",
-        SampleFile + "\r\n\x1A\r\n",
         Changed("4,65,-1", "  4 ,\t65 , -1 \t"),
         Changed("\"A7\"", " \t\"A7\"  "),
         Changed("\"Kelvo CP Settings File: V1.0\"", "  \"Kelvo CP Settings File: V1.0\" "),
@@ -147,6 +142,33 @@ TEST_CASE("lines may end in CR LF or LF, with blanks around every value; blank l
         CHECK(ParseConfig(each, settings));
         CHECK(ComposeConfig(settings) == SampleFile);
     }
+}
+
+TEST_CASE("what follows the last line is ignored, whatever it is")
+{
+    for (const std::string more : {"\r\n \t\r\n\n", "\x1A", "\r\n\x1A\r\n", "0\r\n",
+                                   "\"a later version's line\"\r\n", "no line end", "\xFF\xFE"}) {
+        CAPTURE(more);
+        Settings settings;
+        REQUIRE(ParseConfig(SampleFile + more, settings));
+        CHECK(ComposeConfig(settings) == SampleFile);
+    }
+    Settings settings;
+    REQUIRE(ParseConfig(SampleFile + SampleFile, settings));
+    CHECK(ComposeConfig(settings) == SampleFile);
+}
+
+TEST_CASE("a byte order mark before the first line is ignored, and nowhere else")
+{
+    const std::string mark = "\xEF\xBB\xBF";
+    Settings settings;
+    REQUIRE(ParseConfig(mark + SampleFile, settings));
+    CHECK(ComposeConfig(settings) == SampleFile);
+    CheckRefused(mark + mark + SampleFile);
+    CheckRefused(" " + mark + SampleFile);
+    CheckRefused(mark.substr(0, 2) + SampleFile);
+    CheckRefused(Changed("4,65,-1", mark + "4,65,-1"));
+    CheckRefused(mark);
 }
 
 TEST_CASE("a text runs from the first quote of its line to the last")
@@ -244,9 +266,6 @@ TEST_CASE("a malformed line is refused")
     CheckRefused(Changed("\r\n2,1,3", "\r\n\r\n2,1,3"));
     for (const char *const each : {"A7", "\"A7", "A7\"", "\"", "x\"A7\"", "\"A7\"x", "\"A7\","})
         CheckRefused(Changed("\"A7\"", each));
-    CheckRefused(SampleFile + "0\r\n");
-    CheckRefused(SampleFile + SampleFile);
-    CheckRefused(SampleFile + "\x1A" + "0");
     CheckRefused("\x1A" + SampleFile);
 }
 

@@ -78,6 +78,12 @@ TEST_CASE("an old name with the new header is the new format, good or bad")
     CHECK(Refusal(folder.Path("cut.cfg")).wrongFormat);
     folder.Put("other.cfg", "\"Kelvo CP Settings File: V1.1\"" + SampleFile.substr(30));
     CHECK(Refusal(folder.Path("other.cfg")).wrongFormat);
+    for (const std::string before : {"", "\xEF\xBB\xBF"}) {
+        folder.Put("new.cfg", before + SampleFile);
+        Settings settings;
+        REQUIRE_FALSE(LoadConfigFile(folder.Path("new.cfg"), settings));
+        CHECK(ComposeConfig(settings) == SampleFile);
+    }
 }
 
 TEST_CASE("empty files, short and long old files and 10 MB of noise are the wrong format")
@@ -95,10 +101,14 @@ TEST_CASE("empty files, short and long old files and 10 MB of noise are the wron
     folder.Put("noise.zcf", noise);
     folder.Put("noise.cfg", noise);
     folder.Put("longnoise.zcf", SampleFile + noise);
-    folder.Put("somenoise.zcf", SampleFile + noise.substr(0, 1000));
-    for (const std::string name : {"empty.zcf", "empty.cfg", "short.cfg", "long.cfg", "noise.zcf",
-                                   "noise.cfg", "longnoise.zcf", "somenoise.zcf"})
+    for (const std::string name :
+         {"empty.zcf", "empty.cfg", "short.cfg", "long.cfg", "noise.zcf", "noise.cfg", "longnoise.zcf"})
         CHECK(Refusal(folder.Path(name)).wrongFormat);
+
+    folder.Put("somenoise.zcf", SampleFile + noise.substr(0, 1000));
+    Settings settings;
+    REQUIRE_FALSE(LoadConfigFile(folder.Path("somenoise.zcf"), settings));
+    CHECK(ComposeConfig(settings) == SampleFile);
 }
 
 TEST_CASE("a folder or a missing file is told by its reason, not as a wrong format")

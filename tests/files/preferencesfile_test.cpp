@@ -21,12 +21,15 @@ TEST_CASE("settings.dat holds six lines, one value each")
     CHECK(ComposePreferences(Preferences()) == "1\r\nFalse\r\nFalse\r\nFalse\r\n0\r\n0\r\n");
 }
 
-TEST_CASE("settings.dat is read with blanks and quotes around values, in any case, with either line end")
+TEST_CASE("settings.dat is read with blanks and quotes around values, in any case, with either line end, "
+          "behind a byte order mark too")
 {
     for (const char *const bytes :
          {"3\r\nTrue\r\nFalse\r\nTrue\r\n1\r\n600\r\n", "3\nTrue\nFalse\nTrue\n1\n600",
           " 3 \r\n\tTRUE\r\n false \r\n\"true\"\r\n\" 1 \"\r\n \"600\" \r\n",
-          "03\nTrue\nFALSE\ntRuE\n1\n600\nmore\n"}) {
+          "03\nTrue\nFALSE\ntRuE\n1\n600\nmore\n",
+          "\xEF\xBB\xBF"
+          "3\r\nTrue\r\nFalse\r\nTrue\r\n1\r\n600\r\n"}) {
         CAPTURE(bytes);
         CHECK(ParsePreferences(bytes) == Chosen);
     }
