@@ -115,27 +115,21 @@ int RoundHalfToEven(double value)
     return int(below) + (up ? 1 : 0);
 }
 
-LevelEntry Within(const LevelRule &rule, int steps)
-{
-    if (steps < rule.lowest || steps > rule.highest)
-        return {LevelEntry::OutOfRange};
-    return {LevelEntry::Value, steps};
-}
-
 /// No level comes near it, and every conversion below is defined up to it.
 constexpr double FarOutside = 1e6;
 
-LevelEntry ReadLeadingNumber(const LevelRule &rule, std::string_view text)
+/// Fader and shelves round to 16 bits: what overflows them is no number to such a field.
+LevelEntry ReadRounded(const LevelRule &rule, double steps)
 {
-    const double steps = LeadingNumber(text) * rule.stepsPerUnit;
     if (std::abs(steps) > FarOutside)
         return {LevelEntry::Unreadable};
     const int rounded = RoundHalfToEven(steps);
-    // The level is kept in 16 bits: what overflows them is no number to it.
     if (rounded > std::numeric_limits<std::int16_t>::max() ||
         rounded < std::numeric_limits<std::int16_t>::min())
         return {LevelEntry::Unreadable};
-    return Within(rule, rounded);
+    if (rounded < rule.lowest || rounded > rule.highest)
+        return {LevelEntry::OutOfRange};
+    return {LevelEntry::Value, rounded};
 }
 
 LevelEntry ReadWholeNumber(const LevelRule &rule, std::string_view text)
@@ -145,10 +139,10 @@ LevelEntry ReadWholeNumber(const LevelRule &rule, std::string_view text)
     if (numeral.length == 0 || !SkipBlanks(start.substr(numeral.length)).empty())
         return {LevelEntry::Unreadable};
     const double value = ValueOf(numeral);
+    if (rule.parse == LevelParse::WholeInteger)
+        return ReadRounded(rule, value * rule.stepsPerUnit);
     if (std::abs(value) > FarOutside)
         return {LevelEntry::OutOfRange};
-    if (rule.parse == LevelParse::WholeInteger)
-        return Within(rule, RoundHalfToEven(value * rule.stepsPerUnit));
     // The typed value itself is checked, before it goes down to its step: 6.2 is refused, not 6.0.
     const float single = float(value) * float(rule.stepsPerUnit);
     if (single < float(rule.lowest) || single > float(rule.highest))
@@ -173,8 +167,9 @@ std::string LevelRule::TextOf(int steps) const
 
 LevelEntry ReadLevel(const LevelRule &rule, std::string_view text)
 {
-    return rule.parse == LevelParse::LeadingNumber ? ReadLeadingNumber(rule, text)
-                                                   : ReadWholeNumber(rule, text);
+    if (rule.parse == LevelParse::LeadingNumber)
+        return ReadRounded(rule, LeadingNumber(text) * rule.stepsPerUnit);
+    return ReadWholeNumber(rule, text);
 }
 
 } // namespace kelvo

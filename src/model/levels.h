@@ -53,7 +53,8 @@ double LeadingNumber(std::string_view text);
 struct LevelEntry {
     enum Kind {
         Value,      ///< `steps` is to be taken
-        Unreadable, ///< not a number: the field goes back to what it showed
+        Unreadable, ///< not a number, or a fader or shelf beyond 16 bits: the field goes back to what it
+                    ///< showed
         OutOfRange, ///< a number beyond the ends: `rangeMessage`, nothing changes
     } kind;
     int steps = 0; ///< the value in steps of the rule, rounded as its family rounds

@@ -192,7 +192,19 @@ TEST_CASE("exponents count: 1e3 is one thousand and 70e-1 is seven")
     CHECK(ReadLevel(HalfDecibelRule, "35e-1") == Value(7));
 }
 
-TEST_CASE("a fader number that overflows 16 bits of tenths is no number; elsewhere it is out of range")
+TEST_CASE("a shelf number that overflows 16 bits once it is rounded is no number")
+{
+    CHECK(ReadLevel(ShelfRule, "32767") == OutOfRange);
+    CHECK(ReadLevel(ShelfRule, "32767.4") == OutOfRange);
+    CHECK(ReadLevel(ShelfRule, "32767.5") == Unreadable);
+    CHECK(ReadLevel(ShelfRule, "32768") == Unreadable);
+    CHECK(ReadLevel(ShelfRule, "-32768") == OutOfRange);
+    CHECK(ReadLevel(ShelfRule, "-32768.5") == OutOfRange); // the even neighbour
+    CHECK(ReadLevel(ShelfRule, "-32768.6") == Unreadable);
+    CHECK(ReadLevel(ShelfRule, "-32769") == Unreadable);
+}
+
+TEST_CASE("a fader or shelf number that overflows 16 bits is no number; half-decibel ones are out of range")
 {
     CHECK(ReadLevel(FaderRule, "3276.7") == OutOfRange);
     CHECK(ReadLevel(FaderRule, "3276.8") == Unreadable);
@@ -201,7 +213,7 @@ TEST_CASE("a fader number that overflows 16 bits of tenths is no number; elsewhe
     for (const char *huge : {"40000", "1e9", "1e400", "-1e400", "1e99999999999999999999"}) {
         CAPTURE(huge);
         CHECK(ReadLevel(FaderRule, huge) == Unreadable);
-        CHECK(ReadLevel(ShelfRule, huge) == OutOfRange);
+        CHECK(ReadLevel(ShelfRule, huge) == Unreadable);
         CHECK(ReadLevel(HalfDecibelRule, huge) == OutOfRange);
         CHECK(ReadLevel(ObeRule, huge) == OutOfRange);
     }
@@ -267,7 +279,7 @@ TEST_CASE("ten thousand characters are read like any other text")
 {
     const std::string nines(10000, '9');
     CHECK(ReadLevel(FaderRule, nines) == Unreadable);
-    CHECK(ReadLevel(ShelfRule, nines) == OutOfRange);
+    CHECK(ReadLevel(ShelfRule, nines) == Unreadable);
     CHECK(ReadLevel(HalfDecibelRule, nines) == OutOfRange);
     const std::string zerosThenThree = std::string(10000, '0') + "3";
     CHECK(ReadLevel(FaderRule, zerosThenThree) == Value(30));
