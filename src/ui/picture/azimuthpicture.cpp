@@ -1,5 +1,7 @@
 #include "ui/picture/azimuthpicture.h"
 
+#include <QRegion>
+
 #include <algorithm>
 #include <cmath>
 
@@ -25,23 +27,38 @@ QPoint PositionOf(const AzimuthHistory::Pair &pair)
     return {Centre + across, Centre - up};
 }
 
-bool StandsInAnotherLine(const AzimuthHistory &history, QPoint position, int exceptLine)
+QRect PointOf(const AzimuthHistory::Pair &pair)
 {
-    for (int line = 0; line < AzimuthLines; ++line) {
-        if (line == exceptLine)
-            continue;
-        for (int pair = 0; pair < AzimuthPairs; ++pair) {
-            if (PositionOf(history.Row(line, pair)) == position)
-                return true;
-        }
-    }
-    return false;
+    const QRect point(PositionOf(pair) - QPoint(PointWidth / 2, PointWidth / 2),
+                      QSize(PointWidth, PointWidth));
+    return point & QRect(0, 0, AzimuthSide, AzimuthSide);
 }
 
-AzimuthBox PointAt(QPoint position, QRgb colour)
+/// The points of a line, by pair.
+using LinePoints = std::array<QRect, AzimuthPairs>;
+
+std::array<LinePoints, AzimuthLines> PointsOf(const AzimuthHistory &history)
 {
-    const QRect point(position - QPoint(PointWidth / 2, PointWidth / 2), QSize(PointWidth, PointWidth));
-    return {point & QRect(0, 0, AzimuthSide, AzimuthSide), colour};
+    std::array<LinePoints, AzimuthLines> points;
+    for (int line = 0; line < AzimuthLines; ++line)
+        std::ranges::transform(history.lines[line], points[line].begin(), PointOf);
+    return points;
+}
+
+/// What the points do not cover of one that is not among them.
+QRegion Uncovered(const QRect &point, std::span<const LinePoints> points)
+{
+    QRegion rest = point;
+    for (const LinePoints &line : points) {
+        for (const QRect &other : line) {
+            if (!other.intersects(point))
+                continue;
+            if (other == point)
+                return {};
+            rest -= other;
+        }
+    }
+    return rest;
 }
 
 void DrawCrossHair(std::vector<AzimuthBox> &boxes)
@@ -83,11 +100,15 @@ std::vector<AzimuthBox> DrawAzimuth(const AzimuthHistory &history, Word current,
     std::vector<AzimuthBox> boxes;
     boxes.reserve(2 * (AzimuthSide / DashPeriod + 1) + 2 * AzimuthPairs);
     DrawCrossHair(boxes);
+    auto points = PointsOf(history);
+    const LinePoints newest = points[current];
+    // The line that is wiped goes to the end: before it stand the ones that stay.
+    std::swap(points[next], points.back());
+    const std::span staying = std::span(points).first(AzimuthLines - 1);
     for (int pair = 0; pair < AzimuthPairs; ++pair) {
-        const QPoint oldest = PositionOf(history.Row(next, pair));
-        if (!StandsInAnotherLine(history, oldest, next))
-            boxes.push_back(PointAt(oldest, White));
-        boxes.push_back(PointAt(PositionOf(history.Row(current, pair)), Blue));
+        for (const QRect &part : Uncovered(points.back()[pair], staying))
+            boxes.push_back({part, White});
+        boxes.push_back({newest[pair], Blue});
     }
     return boxes;
 }

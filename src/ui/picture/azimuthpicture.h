@@ -23,7 +23,8 @@ struct AzimuthBox {
 };
 
 /// What one reading draws over what is there, in this order: the broken cross-hair, then for each pair the
-/// position of line `next` in white, unless another line stands there, and that of line `current` in blue.
+/// point of line `next` in white, where no point of another line covers it, and that of line `current` in
+/// blue.
 std::vector<AzimuthBox> DrawAzimuth(const AzimuthHistory &history, Word current, Word next);
 
 /// The surface as all readings drawn in their turn have left it, one pixel a unit, and the same in the size

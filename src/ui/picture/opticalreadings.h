@@ -34,7 +34,6 @@ struct AzimuthHistory {
     std::array<std::array<Pair, AzimuthPairs>, AzimuthLines> lines{};
     int line = 0; ///< the line that the next frame fills
 
-    const Pair &Row(int ofLine, int pair) const { return lines[ofLine][pair]; }
     void Store(std::span<const Byte, AzimuthBytes> frame)
     {
         auto value = frame.begin();

@@ -65,14 +65,17 @@ class SlowPicture {
                 colours_[{unit, 128}] = Black;
             }
         }
+        std::set<std::pair<int, int>> kept;
+        for (int line = 0; line < 10; ++line)
+            for (int pair = 0; line != next && pair < 14; ++pair)
+                for (const auto &unit : UnitsOf(PlaceOf(line, pair)))
+                    kept.insert(unit);
         for (int pair = 0; pair < 14; ++pair) {
-            bool used = false;
-            for (int line = 0; line < 10; ++line)
-                for (int other = 0; line != next && other < 14; ++other)
-                    used = used || PlaceOf(line, other) == PlaceOf(next, pair);
-            if (!used)
-                Point(PlaceOf(next, pair), White);
-            Point(PlaceOf(line_, pair), Blue);
+            for (const auto &unit : UnitsOf(PlaceOf(next, pair)))
+                if (!kept.contains(unit))
+                    colours_[unit] = White;
+            for (const auto &unit : UnitsOf(PlaceOf(line_, pair)))
+                colours_[unit] = Blue;
         }
         line_ = next;
     }
@@ -96,11 +99,13 @@ class SlowPicture {
     {
         return {128 + Offset(table_[line][pair].first), 128 - Offset(table_[line][pair].second)};
     }
-    void Point(std::pair<int, int> place, QRgb colour)
+    static std::vector<std::pair<int, int>> UnitsOf(std::pair<int, int> place)
     {
+        std::vector<std::pair<int, int>> units;
         for (int x = place.first - 2; x < place.first + 2; ++x)
             for (int y = place.second - 2; y < place.second + 2; ++y)
-                colours_[{x, y}] = colour;
+                units.emplace_back(x, y);
+        return units;
     }
 
     std::pair<int, int> table_[10][14]{};
@@ -212,6 +217,41 @@ class AzimuthPictureTest : public QObject {
         for (int reading = 1; reading < 10; ++reading)
             stream.Read(other);
         QCOMPARE(stream.At(208, 48), Blue);
+    }
+
+    void ofAPointThatOverlapsOneOfAnotherLineOnlyTheRestIsWiped()
+    {
+        AzimuthHistory history;
+        history.Store(FrameOf(20, 50)); // x 146 to 149, y 76 to 79
+        for (history.line = 1; history.line < 9; ++history.line)
+            history.Store(FrameOf(22, 52)); // x 148 to 151, y 74 to 77
+        history.Store(FrameOf(100, 100));
+        std::set<std::pair<int, int>> wiped;
+        for (const AzimuthBox &box : DrawAzimuth(history, 9, 0))
+            for (int x = box.units.left(); box.colour == White && x <= box.units.right(); ++x)
+                for (int y = box.units.top(); y <= box.units.bottom(); ++y)
+                    wiped.emplace(x, y);
+        std::set<std::pair<int, int>> expected;
+        for (const int x : {146, 147, 148, 149})
+            for (const int y : {76, 77, 78, 79})
+                if (x < 148 || y > 77)
+                    expected.emplace(x, y);
+        QCOMPARE(wiped, expected);
+    }
+
+    void wipingLeavesAnOverlappingPointOfAnotherLineWhole()
+    {
+        Stream stream;
+        stream.Read(FrameOf(20, 50));
+        stream.Read(FrameOf(22, 52));
+        for (int reading = 2; reading < 10; ++reading)
+            stream.Read(FrameOf(100, 100));
+        for (int x = 145; x < 153; ++x)
+            for (int y = 73; y < 81; ++y)
+                QCOMPARE(stream.At(x, y), x >= 148 && x < 152 && y >= 74 && y < 78 ? Blue : White);
+        stream.Read(FrameOf(100, 100)); // line 1 goes as well
+        QCOMPARE(stream.At(148, 76), White);
+        QCOMPARE(stream.At(151, 74), White);
     }
 
     void theTenthReadingFillsLineNineAndWipesLineZero()
