@@ -204,6 +204,7 @@ void OpticalPanel::ReturnToIdle()
     cmdStart_->setText(messages::CaptionStart);
     lblLock_->hide();
     ClearPictures();
+    graphs_->ShowAzimuth(false);
     surroundings_.cmdMute4->setEnabled(true);
     surroundings_.enableBaudMenu(true);
     settings_.CurrentFormat = settings_.OperatorFormat();

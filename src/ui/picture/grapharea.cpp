@@ -10,10 +10,8 @@ namespace kelvo {
 
 namespace {
 
-constexpr int Gap = 8;
 constexpr int Frame = 1;
 constexpr QSize SmallestGraph{305, 280};
-constexpr int SmallestAzimuth = 130;
 
 } // namespace
 
@@ -32,17 +30,22 @@ void GraphArea::ShowAzimuth(bool show)
     if (optAzi_->isHidden() != show)
         return;
     optAzi_->setVisible(show);
-    Arrange();
+    OptGraph_->setVisible(!show);
+    update(); // the frame of the one and of the other
 }
 
 QSize GraphArea::minimumSizeHint() const
 {
-    return SmallestGraph + QSize(Gap + SmallestAzimuth, 0) + QSize(2 * Frame, 2 * Frame);
+    return SmallestGraph + QSize(2 * Frame, 2 * Frame);
 }
 
 void GraphArea::resizeEvent(QResizeEvent *)
 {
-    Arrange();
+    const QSize room = size() - QSize(2 * Frame, 2 * Frame);
+    const int graphHeight = std::min(room.height(), room.width() * GraphHeight / GraphWidth);
+    OptGraph_->setGeometry(Frame, Frame, graphHeight * GraphWidth / GraphHeight, graphHeight);
+    const int side = std::min(room.width(), room.height());
+    optAzi_->setGeometry(Frame, Frame, side, side);
 }
 
 /// The boxes are white on whatever ground the theme gives: a thin frame sets them off.
@@ -54,22 +57,6 @@ void GraphArea::paintEvent(QPaintEvent *)
         if (box->isVisible())
             painter.drawRect(box->geometry().adjusted(-Frame, -Frame, 0, 0));
     }
-}
-
-void GraphArea::Arrange()
-{
-    const QSize room = size() - QSize(2 * Frame, 2 * Frame);
-    int graphHeight = std::min(room.height(), room.width() * GraphHeight / GraphWidth);
-    if (!optAzi_->isHidden()) {
-        // Both boxes are equally high where the width allows; the graph never gets too small to be read.
-        const int shared = (room.width() - Gap) * GraphHeight / (GraphWidth + GraphHeight);
-        graphHeight = std::min(room.height(), std::max(shared, SmallestGraph.height()));
-    }
-    const QSize graph(graphHeight * GraphWidth / GraphHeight, graphHeight);
-    OptGraph_->setGeometry(QRect(QPoint(Frame, Frame), graph));
-    const int side = std::min(room.height(), room.width() - graph.width() - Gap);
-    optAzi_->setGeometry(Frame + graph.width() + Gap, Frame, side, side);
-    update();
 }
 
 } // namespace kelvo

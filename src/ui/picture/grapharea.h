@@ -6,8 +6,8 @@
 
 namespace kelvo {
 
-/// The two picture boxes side by side: the graph in its own proportions as large as fits, the azimuth
-/// picture square beside it while it is shown.
+/// The room of the two picture boxes, of which one is shown: the graph in its own proportions, or the azimuth
+/// picture as a square, each as large as fits.
 class GraphArea : public QWidget {
     Q_OBJECT
 
@@ -26,8 +26,6 @@ class GraphArea : public QWidget {
     void paintEvent(QPaintEvent *event) override;
 
   private:
-    void Arrange();
-
     OptGraph *OptGraph_;
     OptAzi *optAzi_;
 };

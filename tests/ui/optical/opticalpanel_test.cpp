@@ -253,6 +253,17 @@ class OpticalPanelTest : public QObject {
         QVERIFY(!optAzi->isVisible());
     }
 
+    void theAzimuthPictureTakesTheGraphsPlaceUntilStop()
+    {
+        Optical console;
+        console.Stream("optOptical(2)");
+        QVERIFY(console.Find<QWidget>("optAzi")->isVisible());
+        QVERIFY(!console.Find<QWidget>("OptGraph")->isVisible());
+        console.Click("cmdStart");
+        QVERIFY(!console.Find<QWidget>("optAzi")->isVisible());
+        QVERIFY(console.Find<QWidget>("OptGraph")->isVisible());
+    }
+
     void anotherMeasurementDuringAStreamStopsItAndBeginsTheOther()
     {
         Optical console;
