@@ -13,6 +13,12 @@ void Fill(QLabel *label, const Colours &colours)
     label->setAutoFillBackground(true);
 }
 
+void ClearFill(QLabel *label)
+{
+    label->setPalette({});
+    label->setAutoFillBackground(false);
+}
+
 void KeepPlaceWhenHidden(QWidget *widget)
 {
     QSizePolicy policy = widget->sizePolicy();

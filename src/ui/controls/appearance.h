@@ -18,6 +18,8 @@ inline constexpr Colours Red{QColorConstants::Red, QColorConstants::White};
 inline constexpr Colours Green{QColorConstants::Green, QColorConstants::Black};
 
 void Fill(QLabel *label, const Colours &colours);
+/// The label is as it was before `Fill`.
+void ClearFill(QLabel *label);
 /// Nothing around it moves when it comes and goes.
 void KeepPlaceWhenHidden(QWidget *widget);
 QFont Bold(QFont font, bool bold = true);

@@ -193,6 +193,7 @@ void OpticalPanel::StopStream()
 void OpticalPanel::BeginStream()
 {
     slit_ = NoSlitReadings();
+    BlankLock();
     link_.RetryFunction(Measurements[measurement_].begin);
 }
 
@@ -274,6 +275,13 @@ void OpticalPanel::StreamLock(bool locked)
     shownLock_ = locked;
     lblLock_->setText(locked ? messages::Locked : messages::NotLocked);
     Fill(lblLock_, locked ? Green : Red);
+}
+
+void OpticalPanel::BlankLock()
+{
+    shownLock_.reset();
+    lblLock_->clear();
+    ClearFill(lblLock_);
 }
 
 void OpticalPanel::ShowTestSignalsOff()

@@ -75,6 +75,8 @@ class OpticalPanel : public QWidget {
     void ReturnToIdle();
     void ResumeIdleTimers();
     void ClearPictures();
+    /// Nothing is known of a stream that has only been asked for.
+    void BlankLock();
 
     /// Brings the readings as close to one a millisecond as the event loop allows.
     void KeepPace(std::chrono::nanoseconds took);

@@ -11,11 +11,6 @@ namespace {
 
 constexpr Word OperatorsFormat = 4; ///< what the simulated unit plays before anything is pressed
 
-QColor GroundOf(const QWidget *label)
-{
-    return label->palette().color(QPalette::Window);
-}
-
 QTimer *TimerOf(const ConsoleUnderTest &console, const char *name)
 {
     return console.Find<QTimer>(name);
@@ -165,28 +160,6 @@ class OpticalPanelTest : public QObject {
         QVERIFY(!lblStart->isVisible());
         console.Tick("Timer2");
         QVERIFY(lblStart->isVisible());
-    }
-
-    void aStreamThatIsNotLockedIsRedWithoutAMessageAndGreenAtTheNextGoodReading()
-    {
-        Optical console;
-        console.Click("cmdStart");
-        auto *lblLock = console.Find<QLabel>("lblLock");
-        console.Tick("tmrOptical");
-        QCOMPARE(lblLock->text(), "No Stream");
-        QCOMPARE(GroundOf(lblLock), QColor(255, 0, 0));
-        QCOMPARE(lblLock->grab().toImage().pixel(2, 2), qRgb(255, 0, 0));
-        console.ReadUntilLocked();
-        QCOMPARE(lblLock->text(), "Stream Lock");
-        QCOMPARE(GroundOf(lblLock), QColor(0, 255, 0));
-        QCOMPARE(lblLock->grab().toImage().pixel(2, 2), qRgb(0, 255, 0));
-        console.unit.reader.locked = false;
-        console.Tick("tmrOptical");
-        QCOMPARE(lblLock->text(), "No Stream");
-        console.unit.reader.locked = true;
-        console.Tick("tmrOptical");
-        QCOMPARE(lblLock->text(), "Stream Lock");
-        QVERIFY(console.Streaming());
     }
 
     void eachTickReadsTheSelectedMeasurementOnceAndNeverRetries()
