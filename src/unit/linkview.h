@@ -20,7 +20,8 @@ class LinkView {
     virtual void EnableFrames(bool enable) = 0;
     virtual void SetPolling(bool on) = 0; ///< `tmrPoll`
 
-    /// Shows the progress dialog with this caption, painted before it returns.
+    /// Shows the progress dialog with this caption, painted before it returns. Until the dialog is on the
+    /// screen the event loop runs, without the user's input.
     virtual void ShowProgress(std::string_view caption) = 0;
     /// Progress 1 to 6; the one place where the event loop runs once inside a call.
     virtual void ShowAttempt(int failures) = 0;

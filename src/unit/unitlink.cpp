@@ -201,6 +201,12 @@ void UnitLink::SetConnectStatus(LinkState state)
     view_.ShowConnectStatus(state);
 }
 
+void UnitLink::ShowProgress(std::string_view caption)
+{
+    const FlagGuard yielding(yielding_);
+    view_.ShowProgress(caption);
+}
+
 void UnitLink::ShowAttempt(int failures)
 {
     const FlagGuard yielding(yielding_);
@@ -237,11 +243,11 @@ bool UnitLink::OpenConnection()
     SetConnectStatus(LinkState::OffLine);
     view_.EnableFrames(false);
 
-    view_.ShowProgress(messages::Connecting);
+    ShowProgress(messages::Connecting);
     view_.HideUnitVersion();
     if (!Answers(UnitOp::InitDLL))
         return false;
-    view_.ShowProgress(messages::ReadingVersion);
+    ShowProgress(messages::ReadingVersion);
     if (!Answers(UnitOp::GetUnitVersion))
         return false;
     if (!AcceptVersion())

@@ -118,6 +118,7 @@ class UnitLink {
     bool MayUpload(UploadTrigger trigger);
     bool IsPm(LocalTime time);
 
+    void ShowProgress(std::string_view caption);
     void ShowAttempt(int failures);
     void Report(std::string_view title, std::string_view text);
     bool Ask(std::string_view title, std::string_view text);

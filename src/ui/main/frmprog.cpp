@@ -4,10 +4,13 @@
 #include "ui/controls/named.h"
 #include "ui/main/messages.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTimer>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace kelvo {
 
@@ -30,6 +33,17 @@ FrmProg::FrmProg(QWidget *parent) : QDialog(parent)
     layout->addWidget(lblCap_);
     layout->addWidget(pb_);
     layout->addWidget(cmdCan, 0, Qt::AlignRight);
+}
+
+void FrmProg::ShowNow()
+{
+    constexpr int LongestWait = 100; // ms
+    show();
+    QTimer patience;
+    patience.setSingleShot(true);
+    patience.start(LongestWait);
+    while (!windowHandle()->isExposed() && patience.isActive())
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
 }
 
 void FrmProg::ShowCaption(const QString &caption)

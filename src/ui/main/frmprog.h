@@ -14,6 +14,9 @@ class FrmProg : public QDialog {
   public:
     explicit FrmProg(QWidget *parent);
 
+    /// On the screen before it returns, as far as the window system lets it within a tenth of a second: the
+    /// call that follows may keep the thread for seconds. The user's input waits meanwhile.
+    void ShowNow();
     /// Painted before it returns.
     void ShowCaption(const QString &caption);
     void ShowFailures(int failures);

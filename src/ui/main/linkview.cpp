@@ -73,11 +73,12 @@ void FrmMain::SetPolling(bool on)
 void FrmMain::ShowProgress(std::string_view caption)
 {
     // Shown once an attempt: its "Cancel" hides it until the next one.
-    if (!frmProg_) {
+    const bool first = !frmProg_;
+    if (first)
         frmProg_ = std::make_unique<FrmProg>(this);
-        frmProg_->show();
-    }
     frmProg_->ShowCaption(Text(caption));
+    if (first)
+        frmProg_->ShowNow();
 }
 
 void FrmMain::ShowAttempt(int failures)
