@@ -28,10 +28,12 @@ Moment Now()
 struct TimedUnit : SimulatedUnit {
     Moment audioSent;
 
-    Status SetAudio(AudioBlock &block) override
+  protected:
+    Status Perform(const Call &call) override
     {
-        audioSent = Now();
-        return SimulatedUnit::SetAudio(block);
+        if (call.operation == Operation::SetAudio)
+            audioSent = Now();
+        return SimulatedUnit::Perform(call);
     }
 };
 

@@ -48,20 +48,14 @@ double ResidentMegabytes()
 struct CountedUnit : SimulatedUnit {
     int readings = 0;
 
-    Status GetOptGain(std::span<Byte, GainBytes> reading) override
+  protected:
+    Status Perform(const Call &call) override
     {
-        ++readings;
-        return SimulatedUnit::GetOptGain(reading);
-    }
-    Status GetSingleSlitloss(std::span<Byte, SlitLossBytes> sample, Word &side) override
-    {
-        ++readings;
-        return SimulatedUnit::GetSingleSlitloss(sample, side);
-    }
-    Status GetOptAzimuth(std::span<Byte, AzimuthBytes> frame) override
-    {
-        ++readings;
-        return SimulatedUnit::GetOptAzimuth(frame);
+        using enum Operation;
+        if (call.operation == GetOptGain || call.operation == GetSingleSlitloss ||
+            call.operation == GetOptAzimuth)
+            ++readings;
+        return SimulatedUnit::Perform(call);
     }
 };
 

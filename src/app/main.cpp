@@ -4,7 +4,7 @@
 #include "ui/main/frmmain.h"
 #include "ui/main/frmsplash.h"
 #include "ui/main/look.h"
-#include "unit/loggedlibrary.h"
+#include "unit/calllog.h"
 #include "unit/qm4slibrary.h"
 #include "unit/simulatedunit.h"
 #include "unit/windir.h"
@@ -54,22 +54,22 @@ int Run(int argc, char **argv, const CommandLine &line)
     ApplyLook();
 
     const QString programDirectory = ProgramDirectory(line.programDirectory);
-    std::optional<LoggedLibrary> logged;
+    std::optional<CallLog> log;
     SimulatedUnit simulated;
     Qm4sLibrary maker({.given = line.library.toStdString(),
                        .programFolder = programDirectory.toStdString(),
                        .executableFolder = QCoreApplication::applicationDirPath().toStdString()},
-                      [&logged](const std::string &path) {
-                          if (logged)
-                              logged->Note("loaded " + path);
+                      [&log](const std::string &path) {
+                          if (log)
+                              log->Note("loaded " + path);
                       });
-    DeviceLibrary *library = line.simulate ? static_cast<DeviceLibrary *>(&simulated) : &maker;
+    DeviceLibrary &library = line.simulate ? static_cast<DeviceLibrary &>(simulated) : maker;
     if (!line.log.isEmpty()) {
-        logged.emplace(*library, line.log.toStdString());
-        if (!logged->Problem().empty())
-            return Refuse(QString("cannot write the log %1: %2")
-                              .arg(line.log, QString::fromStdString(logged->Problem())));
-        library = &*logged;
+        log.emplace(line.log.toStdString());
+        if (!log->Problem().empty())
+            return Refuse(
+                QString("cannot write the log %1: %2").arg(line.log, QString::fromStdString(log->Problem())));
+        library.Attach(*log);
     }
 
     const bool libraryMissing = !line.simulate && !maker.TryLoad();
@@ -82,17 +82,17 @@ int Run(int argc, char **argv, const CommandLine &line)
                             libraryMissing ? QString::fromStdString(maker.Problem()) : QString(),
                         .screenHeight = QGuiApplication::primaryScreen()->geometry().height(),
                         .serialIniMissing = SerialIniMissing,
-                        .report = [&logged](const QString &text) {
+                        .report = [&log](const QString &text) {
                             Print(stderr, text + "\n");
-                            if (logged)
-                                logged->Note(text.toStdString());
+                            if (log)
+                                log->Note(text.toStdString());
                         }};
 
     SystemClock clock;
     Settings settings;
     FrmSplash splash;
     splash.ShowNow();
-    FrmMain window(settings, *library, clock, places);
+    FrmMain window(settings, library, clock, places);
     QObject::connect(
         &application, &QGuiApplication::commitDataRequest, &window,
         [&window](QSessionManager &session) {

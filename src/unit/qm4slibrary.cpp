@@ -5,9 +5,7 @@
 #include "unit/messages.h"
 
 #include <algorithm>
-#include <bit>
 #include <filesystem>
-#include <string_view>
 
 namespace kelvo {
 
@@ -15,51 +13,38 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Row {
-    std::string_view name;
-    int arguments;
-    bool required = true;
-};
-
-constexpr std::array<Row, 29> Rows{{
-    {"InitDLL", 1},
-    {"DLLShutdown", 0},
-    {"SetDLLBaud", 1},
-    {"DLLCreateIni", 0},
-    {"ClearError", 0},
-    {"GetAudio", 1},
-    {"GetSystem", 1},
-    {"SetAudio", 1},
-    {"SetSystem", 1},
-    {"GetUnitVersion", 1},
-    {"SetVol", 1},
-    {"GetVol", 1},
-    {"SetMute", 1},
-    {"GetMute", 1},
-    {"SelectFormat", 1},
-    {"GetFormat", 1},
-    {"SetPink", 2},
-    {"SetPhase", 2},
-    {"SetRT60", 1},
-    {"SetProjector", 1},
-    {"EnableOBE", 0},
-    {"StopStream", 0},
-    {"BeginGainStream", 0},
-    {"BeginSlitStream", 0},
-    {"BeginAzimuthStream", 0},
-    {"GetOptGain", 1},
-    {"GetOptSlitloss", 1, false},
-    {"GetSingleSlitloss", 2},
-    {"GetOptAzimuth", 1},
-}};
-
-/// The row of an operation; a name that is not in the table does not compile.
-consteval std::size_t Op(std::string_view name)
+/// The shapes that `CallEntry` knows: words by value, or a pointer to words beside one other.
+constexpr bool CanBeCalled(const OperationRow &row)
 {
-    std::size_t row = 0;
-    while (Rows.at(row).name != name)
-        ++row;
-    return row;
+    const Shape &shape = row.shape;
+    const int otherPointers = shape.Pointers() - (shape.wordsOut > 0 ? 1 : 0);
+    return shape.wordsIn == 0 ? otherPointers <= 1 : shape.wordsIn <= 2 && shape.Pointers() == 0;
+}
+static_assert(std::ranges::all_of(Operations, CanBeCalled));
+
+template <typename... Parameters>
+Status Enter(void *entry, Parameters... arguments)
+{
+    using Function = Status(KELVO_CALL *)(Parameters...); // 16 bits: what stands above them is not the status
+    return reinterpret_cast<Function>(entry)(arguments...);
+}
+
+/// Calls the library's function by the shape of its operation.
+Status CallEntry(void *entry, const Call &call)
+{
+    const Shape &shape = RowOf(call.operation).shape;
+    if (shape.wordsIn == 1)
+        return Enter(entry, call.wordsIn[0]);
+    if (shape.wordsIn == 2)
+        return Enter(entry, call.wordsIn[0], call.wordsIn[1]);
+    // The library takes every record by a plain pointer, those that it only reads too.
+    void *bytes = shape.bytesIn > 0 ? const_cast<Byte *>(call.bytesIn.data()) : call.bytesOut.data();
+    void *words = call.wordsOut.data();
+    if (shape.Pointers() == 2)
+        return Enter(entry, bytes, words);
+    if (shape.Pointers() == 1)
+        return Enter(entry, shape.wordsOut > 0 ? words : bytes);
+    return Enter(entry);
 }
 
 /// Relative paths are meant from where the program was started.
@@ -74,7 +59,6 @@ std::string Absolute(const fs::path &path)
 Qm4sLibrary::Qm4sLibrary(const LibraryPlaces &places, std::function<void(const std::string &)> loaded)
     : loaded_(std::move(loaded))
 {
-    static_assert(Rows.size() == OperationCount);
     const std::string file = SharedLibrary::FileName("qm4slib");
     const auto add = [this](const std::string &path) {
         if (std::ranges::find(candidates_, path) == candidates_.end())
@@ -125,11 +109,11 @@ std::string Qm4sLibrary::Take(const std::string &path)
     }
     Entries entries{};
     std::vector<std::string> missing;
-    for (std::size_t i = 0; i < Rows.size(); ++i) {
-        const std::string name(Rows[i].name);
-        entries[i] = library.Find(name, Rows[i].arguments);
-        if (!entries[i] && Rows[i].required)
-            missing.push_back(name);
+    for (const OperationRow &row : Operations) {
+        void *entry = library.Find(row.name, row.shape.Arguments());
+        entries[std::size_t(row.operation)] = entry;
+        if (!entry && row.required)
+            missing.emplace_back(row.name);
     }
     if (!missing.empty())
         return messages::OperationsMissing(missing);
@@ -138,164 +122,12 @@ std::string Qm4sLibrary::Take(const std::string &path)
     return "";
 }
 
-template <std::size_t Operation, typename... Parameters>
-Status Qm4sLibrary::Call(Parameters... arguments) const
+Status Qm4sLibrary::Perform(const Call &call)
 {
-    static_assert(sizeof...(Parameters) == std::size_t(Rows[Operation].arguments));
-    using Function = Status(KELVO_CALL *)(Parameters...); // 16 bits: what stands above them is not the status
-    if (!entries_[Operation])
-        return CouldNotInitialise;
-    return reinterpret_cast<Function>(entries_[Operation])(arguments...);
-}
-
-Status Qm4sLibrary::InitDLL(Word port)
-{
-    TryLoad();
-    return Call<Op("InitDLL")>(port);
-}
-
-Status Qm4sLibrary::GetUnitVersion(UnitVersion &version)
-{
-    auto words = std::bit_cast<std::array<Word, 7>>(version);
-    const Status status = Call<Op("GetUnitVersion")>(words.data());
-    version = std::bit_cast<UnitVersion>(words);
-    return status;
-}
-
-Status Qm4sLibrary::GetOptSlitloss()
-{
-    void *unused = nullptr;
-    return Call<Op("GetOptSlitloss")>(unused);
-}
-
-Status Qm4sLibrary::DLLShutdown()
-{
-    return Call<Op("DLLShutdown")>();
-}
-
-Status Qm4sLibrary::SetDLLBaud(Word index)
-{
-    return Call<Op("SetDLLBaud")>(index);
-}
-
-Status Qm4sLibrary::DLLCreateIni()
-{
-    return Call<Op("DLLCreateIni")>();
-}
-
-Status Qm4sLibrary::ClearError()
-{
-    return Call<Op("ClearError")>();
-}
-
-Status Qm4sLibrary::GetAudio(AudioBlock &audio)
-{
-    return Call<Op("GetAudio")>(BytesOf(audio).data());
-}
-
-Status Qm4sLibrary::GetSystem(SystemBlock &system)
-{
-    return Call<Op("GetSystem")>(BytesOf(system).data());
-}
-
-Status Qm4sLibrary::SetAudio(AudioBlock &audio)
-{
-    return Call<Op("SetAudio")>(BytesOf(audio).data());
-}
-
-Status Qm4sLibrary::SetSystem(SystemBlock &system)
-{
-    return Call<Op("SetSystem")>(BytesOf(system).data());
-}
-
-Status Qm4sLibrary::SetVol(Word level)
-{
-    return Call<Op("SetVol")>(level);
-}
-
-Status Qm4sLibrary::GetVol(Word &level)
-{
-    return Call<Op("GetVol")>(&level);
-}
-
-Status Qm4sLibrary::SetMute(Word word)
-{
-    return Call<Op("SetMute")>(word);
-}
-
-Status Qm4sLibrary::GetMute(Word &word)
-{
-    return Call<Op("GetMute")>(&word);
-}
-
-Status Qm4sLibrary::SelectFormat(Word format)
-{
-    return Call<Op("SelectFormat")>(format);
-}
-
-Status Qm4sLibrary::GetFormat(Word &format)
-{
-    return Call<Op("GetFormat")>(&format);
-}
-
-Status Qm4sLibrary::SetPink(Word channel, Word on)
-{
-    return Call<Op("SetPink")>(channel, on);
-}
-
-Status Qm4sLibrary::SetPhase(Word channel, Word inverted)
-{
-    return Call<Op("SetPhase")>(channel, inverted);
-}
-
-Status Qm4sLibrary::SetRT60(Word on)
-{
-    return Call<Op("SetRT60")>(on);
-}
-
-Status Qm4sLibrary::SetProjector(Word projector)
-{
-    return Call<Op("SetProjector")>(projector);
-}
-
-Status Qm4sLibrary::EnableOBE()
-{
-    return Call<Op("EnableOBE")>();
-}
-
-Status Qm4sLibrary::StopStream()
-{
-    return Call<Op("StopStream")>();
-}
-
-Status Qm4sLibrary::BeginGainStream()
-{
-    return Call<Op("BeginGainStream")>();
-}
-
-Status Qm4sLibrary::BeginSlitStream()
-{
-    return Call<Op("BeginSlitStream")>();
-}
-
-Status Qm4sLibrary::BeginAzimuthStream()
-{
-    return Call<Op("BeginAzimuthStream")>();
-}
-
-Status Qm4sLibrary::GetOptGain(std::span<Byte, GainBytes> reading)
-{
-    return Call<Op("GetOptGain")>(reading.data());
-}
-
-Status Qm4sLibrary::GetSingleSlitloss(std::span<Byte, SlitLossBytes> sample, Word &side)
-{
-    return Call<Op("GetSingleSlitloss")>(sample.data(), &side);
-}
-
-Status Qm4sLibrary::GetOptAzimuth(std::span<Byte, AzimuthBytes> frame)
-{
-    return Call<Op("GetOptAzimuth")>(frame.data());
+    if (call.operation == Operation::InitDLL)
+        TryLoad();
+    void *entry = entries_[std::size_t(call.operation)];
+    return entry ? CallEntry(entry, call) : CouldNotInitialise;
 }
 
 } // namespace kelvo

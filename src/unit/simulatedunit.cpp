@@ -1,10 +1,10 @@
 #include "unit/simulatedunit.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <numbers>
 #include <numeric>
-#include <string_view>
 #include <thread>
 
 namespace kelvo {
@@ -76,6 +76,35 @@ Byte Offset(double value)
     return Byte(std::lround(std::clamp(value, -127.0, 127.0)) & 0xFF);
 }
 
+// What most operations do; each of these answers that it went well.
+
+Status Keep(const Call &call, Word &place)
+{
+    place = call.wordsIn[0];
+    return Success;
+}
+
+Status Tell(const Call &call, Word word)
+{
+    call.wordsOut[0] = word;
+    return Success;
+}
+
+template <typename From, typename To>
+Status Copy(const From &from, To to)
+{
+    std::ranges::copy(from, to.begin());
+    return Success;
+}
+
+Status KeepSwitch(const Call &call, std::array<bool, ChannelCount> &switches)
+{
+    const Word channel = call.wordsIn[0];
+    if (channel >= 0 && channel < ChannelCount)
+        switches[std::size_t(channel)] = call.wordsIn[1] != False;
+    return Success;
+}
+
 } // namespace
 
 SimulatedTime SimulatedTime::OfThisPc()
@@ -98,7 +127,7 @@ double SimulatedUnit::Seconds() const
     return (time_.now() - start_).count();
 }
 
-void SimulatedUnit::FailNext(const std::string &operation, Status status, int times)
+void SimulatedUnit::FailNext(std::optional<Operation> operation, Status status, int times)
 {
     if (times > 0)
         failures_.push_back({operation, status, times});
@@ -110,13 +139,18 @@ int SimulatedUnit::FailuresLeft() const
                            [](int sum, const Failure &failure) { return sum + failure.times; });
 }
 
-Status SimulatedUnit::Answer(const char *operation)
+Status SimulatedUnit::Perform(const Call &call)
+{
+    const Status status = Line(call.operation);
+    return status == Success ? Work(call) : status;
+}
+
+Status SimulatedUnit::Line(Operation operation)
 {
     if (panel.slow.count() > 0)
         time_.wait(panel.slow);
-    const std::string_view called = operation;
-    const auto failure = std::find_if(failures_.begin(), failures_.end(), [called](const Failure &told) {
-        return told.operation == called || (told.operation.empty() && called != "ClearError");
+    const auto failure = std::ranges::find_if(failures_, [operation](const Failure &told) {
+        return told.operation ? *told.operation == operation : operation != Operation::ClearError;
     });
     if (failure != failures_.end()) {
         const Status status = failure->status;
@@ -127,218 +161,132 @@ Status SimulatedUnit::Answer(const char *operation)
     return panel.plugged ? Success : UnpluggedStatus;
 }
 
-template <typename Work>
-Status SimulatedUnit::Perform(const char *operation, Work work)
+Status SimulatedUnit::Work(const Call &call)
 {
-    const Status status = Answer(operation);
-    if (status == Success)
-        work();
-    return status;
-}
-
-template <typename Work>
-Status SimulatedUnit::Read(const char *operation, Stream kind, Work work)
-{
-    const Status status = Answer(operation);
-    if (status != Success)
-        return status;
-    if (stream != kind || !reader.locked)
-        return StreamNotLocked;
-    if (readingsUntilLock_ > 0) {
-        --readingsUntilLock_;
-        return StreamNotLocked;
+    switch (call.operation) {
+    case Operation::InitDLL:
+        return Keep(call, port);
+    case Operation::DLLShutdown:
+        port = 0;
+        return Success;
+    case Operation::DLLCreateIni:
+        iniCreated = true;
+        return Success;
+    case Operation::SetDLLBaud:
+        return Keep(call, baudIndex);
+    case Operation::GetUnitVersion:
+        return Copy(std::bit_cast<std::array<Word, VersionWords>>(version), call.wordsOut);
+    case Operation::GetAudio:
+        return Copy(BytesOf(audio), call.bytesOut);
+    case Operation::SetAudio:
+        return Copy(call.bytesIn, BytesOf(audio));
+    case Operation::GetSystem:
+        return Copy(BytesOf(system), call.bytesOut);
+    case Operation::SetSystem:
+        return Copy(call.bytesIn, BytesOf(system));
+    case Operation::GetVol:
+        return Tell(call, panel.level);
+    case Operation::SetVol:
+        return Keep(call, panel.level);
+    case Operation::GetMute:
+        return Tell(call, panel.mute);
+    case Operation::SetMute:
+        return Keep(call, panel.mute);
+    case Operation::GetFormat:
+        return Tell(call, panel.format);
+    case Operation::SelectFormat:
+        return Keep(call, panel.format);
+    case Operation::SetPink:
+        return KeepSwitch(call, testSignals.pink);
+    case Operation::SetPhase:
+        return KeepSwitch(call, testSignals.inverted);
+    case Operation::SetRT60:
+        testSignals.rt60 = call.wordsIn[0] != False;
+        return Success;
+    case Operation::SetProjector:
+        return Keep(call, projector);
+    case Operation::StopStream:
+        stream = Stream::None;
+        return Success;
+    case Operation::BeginGainStream:
+        return Begin(Stream::Gain);
+    case Operation::BeginSlitStream:
+        return Begin(Stream::SlitLoss);
+    case Operation::BeginAzimuthStream:
+        return Begin(Stream::Azimuth);
+    case Operation::GetOptGain:
+        return Locked(Stream::Gain) ? ReadGain(call.bytesOut) : StreamNotLocked;
+    case Operation::GetSingleSlitloss:
+        return Locked(Stream::SlitLoss) ? ReadSlitLoss(call.bytesOut, call.wordsOut[0]) : StreamNotLocked;
+    case Operation::GetOptAzimuth:
+        return Locked(Stream::Azimuth) ? ReadAzimuth(call.bytesOut) : StreamNotLocked;
+    case Operation::EnableOBE:
+    case Operation::GetOptSlitloss:
+    case Operation::ClearError:
+        return Success;
     }
-    work(Seconds());
     return Success;
 }
 
-Status SimulatedUnit::Begin(const char *operation, Stream kind)
+Status SimulatedUnit::Begin(Stream kind)
 {
-    return Perform(operation, [&] {
-        stream = kind;
-        readingsUntilLock_ = ReadingsToLock;
-        nextSide_ = 0;
-    });
+    stream = kind;
+    readingsUntilLock_ = ReadingsToLock;
+    nextSide_ = 0;
+    return Success;
 }
 
-Status SimulatedUnit::InitDLL(Word portNumber)
+bool SimulatedUnit::Locked(Stream kind)
 {
-    return Perform("InitDLL", [&] { port = portNumber; });
-}
-
-Status SimulatedUnit::DLLShutdown()
-{
-    return Perform("DLLShutdown", [&] { port = 0; });
-}
-
-Status SimulatedUnit::SetDLLBaud(Word index)
-{
-    return Perform("SetDLLBaud", [&] { baudIndex = index; });
-}
-
-Status SimulatedUnit::DLLCreateIni()
-{
-    return Perform("DLLCreateIni", [&] { iniCreated = true; });
-}
-
-Status SimulatedUnit::ClearError()
-{
-    return Answer("ClearError");
-}
-
-Status SimulatedUnit::GetAudio(AudioBlock &block)
-{
-    return Perform("GetAudio", [&] { block = audio; });
-}
-
-Status SimulatedUnit::GetSystem(SystemBlock &block)
-{
-    return Perform("GetSystem", [&] { block = system; });
-}
-
-Status SimulatedUnit::SetAudio(AudioBlock &block)
-{
-    return Perform("SetAudio", [&] { audio = block; });
-}
-
-Status SimulatedUnit::SetSystem(SystemBlock &block)
-{
-    return Perform("SetSystem", [&] { system = block; });
-}
-
-Status SimulatedUnit::GetUnitVersion(UnitVersion &record)
-{
-    return Perform("GetUnitVersion", [&] { record = version; });
-}
-
-Status SimulatedUnit::SetVol(Word level)
-{
-    return Perform("SetVol", [&] { panel.level = level; });
-}
-
-Status SimulatedUnit::GetVol(Word &level)
-{
-    return Perform("GetVol", [&] { level = panel.level; });
-}
-
-Status SimulatedUnit::SetMute(Word word)
-{
-    return Perform("SetMute", [&] { panel.mute = word; });
-}
-
-Status SimulatedUnit::GetMute(Word &word)
-{
-    return Perform("GetMute", [&] { word = panel.mute; });
-}
-
-Status SimulatedUnit::SelectFormat(Word format)
-{
-    return Perform("SelectFormat", [&] { panel.format = format; });
-}
-
-Status SimulatedUnit::GetFormat(Word &format)
-{
-    return Perform("GetFormat", [&] { format = panel.format; });
-}
-
-Status SimulatedUnit::SetPink(Word channel, Word on)
-{
-    return Perform("SetPink", [&] {
-        if (channel >= 0 && channel < ChannelCount)
-            testSignals.pink[std::size_t(channel)] = on != False;
-    });
-}
-
-Status SimulatedUnit::SetPhase(Word channel, Word inverted)
-{
-    return Perform("SetPhase", [&] {
-        if (channel >= 0 && channel < ChannelCount)
-            testSignals.inverted[std::size_t(channel)] = inverted != False;
-    });
-}
-
-Status SimulatedUnit::SetRT60(Word on)
-{
-    return Perform("SetRT60", [&] { testSignals.rt60 = on != False; });
-}
-
-Status SimulatedUnit::SetProjector(Word number)
-{
-    return Perform("SetProjector", [&] { projector = number; });
-}
-
-Status SimulatedUnit::EnableOBE()
-{
-    return Answer("EnableOBE");
-}
-
-Status SimulatedUnit::StopStream()
-{
-    return Perform("StopStream", [&] { stream = Stream::None; });
-}
-
-Status SimulatedUnit::BeginGainStream()
-{
-    return Begin("BeginGainStream", Stream::Gain);
-}
-
-Status SimulatedUnit::BeginSlitStream()
-{
-    return Begin("BeginSlitStream", Stream::SlitLoss);
-}
-
-Status SimulatedUnit::BeginAzimuthStream()
-{
-    return Begin("BeginAzimuthStream", Stream::Azimuth);
+    if (stream != kind || !reader.locked)
+        return false;
+    if (readingsUntilLock_ == 0)
+        return true;
+    --readingsUntilLock_;
+    return false;
 }
 
 // The exciter lamp's light wanders by a reading unit or so over some ten seconds, each side for itself.
-Status SimulatedUnit::GetOptGain(std::span<Byte, GainBytes> reading)
+Status SimulatedUnit::ReadGain(std::span<Byte> reading)
 {
-    return Read("GetOptGain", Stream::Gain, [&](double seconds) {
-        reading[0] = Reading(reader.gainLeft + 1.2 * std::sin(Turn * seconds / 13) + Noise());
-        reading[1] = Reading(reader.gainRight + 1.2 * std::sin(Turn * seconds / 17 + 1) + Noise());
-    });
-}
-
-Status SimulatedUnit::GetOptSlitloss()
-{
-    return Answer("GetOptSlitloss");
+    const double seconds = Seconds();
+    reading[0] = Reading(reader.gainLeft + 1.2 * std::sin(Turn * seconds / 13) + Noise());
+    reading[1] = Reading(reader.gainRight + 1.2 * std::sin(Turn * seconds / 17 + 1) + Noise());
+    return Success;
 }
 
 // The slit's own width costs more the shorter the wave on the film is, about with the square of the
 // frequency. The 11 bands run from 1 to 10 kHz in thirds of an octave; the first is the reference.
-Status SimulatedUnit::GetSingleSlitloss(std::span<Byte, SlitLossBytes> sample, Word &side)
+Status SimulatedUnit::ReadSlitLoss(std::span<Byte> sample, Word &side)
 {
     static constexpr std::array<double, SlitLossBytes> kilohertz{1, 1.25, 1.6, 2, 2.5, 3.15,
                                                                  4, 5,    6.3, 8, 10};
     static constexpr double reference = 64;
-    return Read("GetSingleSlitloss", Stream::SlitLoss, [&](double) {
-        const double sideReference = nextSide_ == 0 ? reference : reference + 2;
-        for (std::size_t band = 0; band < SlitLossBytes; ++band) {
-            const double share = kilohertz[band] / kilohertz.back();
-            sample[band] = Reading(sideReference + reader.slitLoss * share * share + Noise());
-        }
-        side = nextSide_;
-        nextSide_ = nextSide_ == 0 ? 1 : 0;
-    });
+    const double sideReference = nextSide_ == 0 ? reference : reference + 2;
+    for (std::size_t band = 0; band < SlitLossBytes; ++band) {
+        const double share = kilohertz[band] / kilohertz.back();
+        sample[band] = Reading(sideReference + reader.slitLoss * share * share + Noise());
+    }
+    side = nextSide_;
+    nextSide_ = nextSide_ == 0 ? 1 : 0;
+    return Success;
 }
 
 // Both sides of the track carry the same tone: plotted against each other they lie on a line at 45 degrees,
 // along which the 14 points travel. A slit that is not square to the film leans the line; it sways a little
 // with the film's weave.
-Status SimulatedUnit::GetOptAzimuth(std::span<Byte, AzimuthBytes> frame)
+Status SimulatedUnit::ReadAzimuth(std::span<Byte> frame)
 {
     static constexpr double radius = 96;
-    return Read("GetOptAzimuth", Stream::Azimuth, [&](double seconds) {
-        const double degrees = 45 + reader.azimuthDegrees + 2 * std::sin(Turn * seconds / 11);
-        const double angle = Turn * degrees / 360;
-        for (std::size_t point = 0; point < AzimuthBytes / 2; ++point) {
-            const double along = radius * std::sin(Turn * (double(point) * 2 / AzimuthBytes + seconds / 5));
-            frame[2 * point] = Offset(along * std::cos(angle) + Noise());
-            frame[2 * point + 1] = Offset(along * std::sin(angle) + Noise());
-        }
-    });
+    const double seconds = Seconds();
+    const double degrees = 45 + reader.azimuthDegrees + 2 * std::sin(Turn * seconds / 11);
+    const double angle = Turn * degrees / 360;
+    for (std::size_t point = 0; point < AzimuthBytes / 2; ++point) {
+        const double along = radius * std::sin(Turn * (double(point) * 2 / AzimuthBytes + seconds / 5));
+        frame[2 * point] = Offset(along * std::cos(angle) + Noise());
+        frame[2 * point + 1] = Offset(along * std::sin(angle) + Noise());
+    }
+    return Success;
 }
 
 } // namespace kelvo

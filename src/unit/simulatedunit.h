@@ -2,12 +2,8 @@
 
 #include "unit/devicelibrary.h"
 
-#include <array>
-#include <chrono>
 #include <functional>
 #include <random>
-#include <string>
-#include <vector>
 
 namespace kelvo {
 
@@ -72,58 +68,32 @@ class SimulatedUnit : public DeviceLibrary {
     /// The same seed and the same times give the same readings.
     explicit SimulatedUnit(SimulatedTime time = SimulatedTime::OfThisPc(), unsigned seed = 1);
 
-    /// The next `times` calls of `operation` ("SetAudio"; "" = any but `ClearError`, which no line
-    /// carries) answer `status` and do nothing. Told twice, the second failure follows when the first is
-    /// used up.
-    void FailNext(const std::string &operation, Status status, int times);
+    /// The next `times` calls of `operation` (none = any but `ClearError`, which no line carries) answer
+    /// `status` and do nothing. Told twice, the second failure follows when the first is used up.
+    void FailNext(std::optional<Operation> operation, Status status, int times);
     void ForgetFailures() { failures_.clear(); }
     int FailuresLeft() const; ///< how many calls are still to fail
 
-    Status InitDLL(Word portNumber) override;
-    Status DLLShutdown() override;
-    Status SetDLLBaud(Word index) override;
-    Status DLLCreateIni() override;
-    Status ClearError() override;
-    Status GetAudio(AudioBlock &block) override;
-    Status GetSystem(SystemBlock &block) override;
-    Status SetAudio(AudioBlock &block) override;
-    Status SetSystem(SystemBlock &block) override;
-    Status GetUnitVersion(UnitVersion &record) override;
-    Status SetVol(Word level) override;
-    Status GetVol(Word &level) override;
-    Status SetMute(Word word) override;
-    Status GetMute(Word &word) override;
-    Status SelectFormat(Word format) override;
-    Status GetFormat(Word &format) override;
-    Status SetPink(Word channel, Word on) override;
-    Status SetPhase(Word channel, Word inverted) override;
-    Status SetRT60(Word on) override;
-    Status SetProjector(Word number) override;
-    Status EnableOBE() override;
-    Status StopStream() override;
-    Status BeginGainStream() override;
-    Status BeginSlitStream() override;
-    Status BeginAzimuthStream() override;
-    Status GetOptGain(std::span<Byte, GainBytes> reading) override;
-    Status GetOptSlitloss() override;
-    Status GetSingleSlitloss(std::span<Byte, SlitLossBytes> sample, Word &side) override;
-    Status GetOptAzimuth(std::span<Byte, AzimuthBytes> frame) override;
+  protected:
+    /// Every operation comes here: the line's time, a failure it was told, the cable, then its own work.
+    Status Perform(const Call &call) override;
 
   private:
     struct Failure {
-        std::string operation;
+        std::optional<Operation> operation;
         Status status;
         int times;
     };
 
-    /// Every operation begins here: the line's time, a failure it was told, the cable.
-    Status Answer(const char *operation);
-    template <typename Work>
-    Status Perform(const char *operation, Work work);
-    /// `Perform` for a reading of a stream, which must be running and locked.
-    template <typename Work>
-    Status Read(const char *operation, Stream kind, Work work);
-    Status Begin(const char *operation, Stream kind);
+    Status Line(Operation operation);
+    Status Work(const Call &call);
+
+    Status Begin(Stream kind);
+    /// Whether a reading can be taken of a stream of this kind now.
+    bool Locked(Stream kind);
+    Status ReadGain(std::span<Byte> reading);
+    Status ReadSlitLoss(std::span<Byte> sample, Word &side);
+    Status ReadAzimuth(std::span<Byte> frame);
 
     double Seconds() const; ///< since this unit was made
     double Noise() { return reader.focusNoise * noise_(random_); }

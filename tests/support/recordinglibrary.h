@@ -1,6 +1,6 @@
 #pragma once
 
-#include "unit/forwardedlibrary.h"
+#include "unit/devicelibrary.h"
 
 #include <string>
 #include <vector>
@@ -12,23 +12,22 @@ using Trace = std::vector<std::string>;
 
 /// A library that writes each call into a trace before the unit behind it answers: "SetPink 2 -1". The words
 /// that were sent stand there; records are looked up in the unit.
-class RecordingLibrary : public ForwardedLibrary {
+class RecordingLibrary : public DeviceLibrary {
   public:
-    RecordingLibrary(DeviceLibrary &unit, Trace &trace) : ForwardedLibrary(unit), trace_(trace) {}
+    RecordingLibrary(DeviceLibrary &unit, Trace &trace) : unit_(unit), trace_(trace) {}
 
   protected:
-    Status Around(const char *operation, Arguments arguments, const Forward &forward) override
+    Status Perform(const Call &call) override
     {
-        std::string line = operation;
-        for (const Argument &argument : arguments) {
-            if (!argument.result && argument.bytes.empty())
-                line += " " + argument.Text();
-        }
+        std::string line = RowOf(call.operation).name;
+        for (Word word : call.wordsIn)
+            line += ' ' + std::to_string(word);
         trace_.push_back(line);
-        return forward();
+        return unit_.Do(call);
     }
 
   private:
+    DeviceLibrary &unit_;
     Trace &trace_;
 };
 

@@ -220,7 +220,7 @@ TEST_CASE("at power-on no byte that the console does not interpret is 0")
 TEST_CASE("a told failure is answered as often as told, and what failed was not done")
 {
     SimulatedUnit unit;
-    unit.FailNext("SetVol", 4, 2);
+    unit.FailNext(Operation::SetVol, 4, 2);
     CHECK(unit.FailuresLeft() == 2);
     CHECK(unit.SetVol(10) == 4);
     CHECK(unit.FailuresLeft() == 1);
@@ -234,27 +234,27 @@ TEST_CASE("a told failure is answered as often as told, and what failed was not 
 TEST_CASE("failures of one operation follow each other in the order in which they were told")
 {
     SimulatedUnit unit;
-    unit.FailNext("GetVol", 2, 1);
-    unit.FailNext("GetVol", 512, 1);
+    unit.FailNext(Operation::GetVol, 2, 1);
+    unit.FailNext(Operation::GetVol, 512, 1);
     Word level = -5;
     CHECK(unit.GetVol(level) == 2);
     CHECK(unit.GetVol(level) == 512);
     CHECK(level == -5);
     CHECK(unit.GetVol(level) == Success);
     CHECK(level == 70);
-    unit.FailNext("GetVol", 2, 0);
+    unit.FailNext(Operation::GetVol, 2, 0);
     CHECK(unit.GetVol(level) == Success);
 }
 
 TEST_CASE("a failure of any operation meets whatever comes next, ClearError left out")
 {
     SimulatedUnit unit;
-    unit.FailNext("", 32, 2);
+    unit.FailNext(std::nullopt, 32, 2);
     CHECK(unit.StopStream() == 32);
     CHECK(unit.ClearError() == Success);
     CHECK(unit.EnableOBE() == 32);
     CHECK(unit.EnableOBE() == Success);
-    unit.FailNext("", 32, 100);
+    unit.FailNext(std::nullopt, 32, 100);
     unit.ForgetFailures();
     CHECK(unit.EnableOBE() == Success);
 }

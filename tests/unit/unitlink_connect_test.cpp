@@ -103,7 +103,7 @@ TEST_CASE("the chosen COM port takes effect at the next connection")
 TEST_CASE("a library that cannot be opened: six attempts, one box, Updating stays set, polling stays off")
 {
     LinkUnderTest console;
-    console.unit.FailNext("InitDLL", CouldNotInitialise, 6);
+    console.unit.FailNext(Operation::InitDLL, CouldNotInitialise, 6);
     CHECK_FALSE(console.link.ConnectToUnit());
     Trace attempts;
     for (int failures = 1; failures <= 6; ++failures) {
@@ -127,7 +127,7 @@ TEST_CASE("a library that cannot be opened: six attempts, one box, Updating stay
 TEST_CASE("a unit that does not tell its version: one box, the version panel stays hidden")
 {
     LinkUnderTest console;
-    console.unit.FailNext("GetUnitVersion", 4, 6);
+    console.unit.FailNext(Operation::GetUnitVersion, 4, 6);
     CHECK_FALSE(console.link.ConnectToUnit());
     CHECK_FALSE(console.link.UnitOnline());
     CHECK(console.settings.Updating);
@@ -167,7 +167,7 @@ TEST_CASE("the oldest accepted versions")
 TEST_CASE("the next good connection clears Updating and polls again after a failed or refused one")
 {
     LinkUnderTest console;
-    console.unit.FailNext("InitDLL", 1, 6);
+    console.unit.FailNext(Operation::InitDLL, 1, 6);
     CHECK_FALSE(console.link.ConnectToUnit());
     console.unit.version.CpuMajor = 0;
     CHECK_FALSE(console.link.ConnectToUnit());
@@ -180,8 +180,8 @@ TEST_CASE("the next good connection clears Updating and polls again after a fail
 
 TEST_CASE("768 six times while opening is no connection: one box, and the library is closed")
 {
-    for (const char *operation : {"InitDLL", "GetUnitVersion"}) {
-        CAPTURE(operation);
+    for (Operation operation : {Operation::InitDLL, Operation::GetUnitVersion}) {
+        CAPTURE(RowOf(operation).name);
         LinkUnderTest console;
         console.unit.FailNext(operation, StreamNotLocked, 6);
         CHECK_FALSE(console.link.ConnectToUnit());
@@ -197,8 +197,9 @@ TEST_CASE("768 six times while opening is no connection: one box, and the librar
 
 TEST_CASE("a link lost while the accepted unit is read: one box, off line, the screen shows the settings")
 {
-    for (const char *operation : {"GetAudio", "GetSystem", "GetMute", "GetVol", "GetFormat", "StopStream"}) {
-        CAPTURE(operation);
+    for (Operation operation : {Operation::GetAudio, Operation::GetSystem, Operation::GetMute,
+                                Operation::GetVol, Operation::GetFormat, Operation::StopStream}) {
+        CAPTURE(RowOf(operation).name);
         LinkUnderTest console;
         console.unit.FailNext(operation, 2, 6);
         CHECK(console.link.ConnectToUnit()); // it was opened and accepted
@@ -221,8 +222,8 @@ TEST_CASE("what the event loop brings during an attempt does not touch the unit"
 {
     LinkUnderTest console;
     console.settings.Options = {.AutoUpload = true, .AutoRefresh = 1};
-    console.unit.FailNext("InitDLL", 1, 1);
-    console.unit.FailNext("GetUnitVersion", 1, 1);
+    console.unit.FailNext(Operation::InitDLL, 1, 1);
+    console.unit.FailNext(Operation::GetUnitVersion, 1, 1);
     std::array<Byte, GainBytes> reading{};
     int attempts = 0;
     console.view.duringAttempt = [&] {
@@ -252,7 +253,7 @@ TEST_CASE("a connection can be lost and opened again many times")
     LinkUnderTest console;
     for (int round = 0; round < 5; ++round) {
         CHECK(console.link.ConnectToUnit());
-        console.unit.FailNext("SetVol", 4, 6);
+        console.unit.FailNext(Operation::SetVol, 4, 6);
         CHECK(console.link.RetryFunction(UnitOp::SetVol) == 4);
         CHECK_FALSE(console.link.UnitOnline());
     }

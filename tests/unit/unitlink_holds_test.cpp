@@ -81,7 +81,7 @@ TEST_CASE("a send that fails keeps its difference, after the link is lost too")
 {
     ConnectedLink console;
     console.settings.Audio.ObeLevel ^= 1;
-    console.unit.FailNext("SetAudio", 16, 6);
+    console.unit.FailNext(Operation::SetAudio, 16, 6);
     console.link.RetryFunction(UnitOp::SetAudio);
     CHECK_FALSE(console.link.UnitOnline());
     CHECK(console.link.Differences() == 1);
@@ -112,7 +112,7 @@ TEST_CASE("a unit that did not tell a record is not compared with the one before
 {
     ConnectedLink console;
     console.link.DispErr(1);
-    console.unit.FailNext("GetAudio", StreamNotLocked, 6);
+    console.unit.FailNext(Operation::GetAudio, StreamNotLocked, 6);
     CHECK(console.link.ConnectToUnit());
     CHECK(console.link.Differences() == std::nullopt);
 }
@@ -167,7 +167,7 @@ TEST_CASE("the line beside the lamp is right at every rest")
     console.view.answer = false;
     rests([&] { console.link.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit); });
     CHECK(shown == 1);
-    console.unit.FailNext("SetVol", 1, 6);
+    console.unit.FailNext(Operation::SetVol, 1, 6);
     rests([&] { console.link.RetryFunction(UnitOp::SetVol); });
     CHECK(shown == 1);
     console.settings.FaderLevel = 30; // off line now

@@ -13,15 +13,18 @@ struct Readings {
 };
 
 struct Read {
-    const char *operation;
+    Operation operation;
     Status (*read)(UnitLink &link, Readings &readings);
+
+    const char *Name() const { return RowOf(operation).name; }
 };
 
 const std::array<Read, 3> Reads{{
-    {"GetOptGain", [](UnitLink &link, Readings &readings) { return link.ReadGain(readings.gain); }},
-    {"GetSingleSlitloss",
+    {Operation::GetOptGain, [](UnitLink &link, Readings &readings) { return link.ReadGain(readings.gain); }},
+    {Operation::GetSingleSlitloss,
      [](UnitLink &link, Readings &readings) { return link.ReadSlitLoss(readings.slitLoss, readings.side); }},
-    {"GetOptAzimuth", [](UnitLink &link, Readings &readings) { return link.ReadAzimuth(readings.azimuth); }},
+    {Operation::GetOptAzimuth,
+     [](UnitLink &link, Readings &readings) { return link.ReadAzimuth(readings.azimuth); }},
 }};
 
 } // namespace
@@ -42,7 +45,7 @@ TEST_CASE("an unlocked stream unlocks the screen, without a box, a retry or the 
         ConnectedLink console;
         Readings readings;
         CHECK(read.read(console.link, readings) == StreamNotLocked);
-        CHECK(console.Happened() == Trace{read.operation, "no stream"});
+        CHECK(console.Happened() == Trace{read.Name(), "no stream"});
         CHECK(console.link.UnitOnline());
     }
 }
@@ -55,7 +58,7 @@ TEST_CASE("any other failure of an optical read is reported at once and ends the
         console.unit.FailNext(read.operation, 256, 1);
         CHECK(read.read(console.link, readings) == 256);
         CHECK(console.Happened() ==
-              Join({{read.operation, ErrorBox("- Error during streaming\n")}, EndOfConnection()}));
+              Join({{read.Name(), ErrorBox("- Error during streaming\n")}, EndOfConnection()}));
         CHECK_FALSE(console.link.UnitOnline());
     }
 }
@@ -64,7 +67,7 @@ TEST_CASE("ticks of the stream while its failure is being reported read nothing:
 {
     ConnectedLink console;
     Readings readings;
-    console.unit.FailNext("GetOptGain", 1, 100);
+    console.unit.FailNext(Operation::GetOptGain, 1, 100);
     console.view.duringBox = [&] {
         for (const Read &read : Reads)
             CHECK(read.read(console.link, readings) == StreamNotLocked);
@@ -77,22 +80,23 @@ TEST_CASE("a good optical read fills the caller's record and shows nothing")
 {
     struct OneStream : RecordingLibrary {
         using RecordingLibrary::RecordingLibrary;
-        Status GetOptGain(std::span<Byte, GainBytes> reading) override
+        Status Perform(const Call &call) override
         {
-            reading[0] = 81;
-            reading[1] = 79;
-            return Success;
-        }
-        Status GetSingleSlitloss(std::span<Byte, SlitLossBytes> sample, Word &side) override
-        {
-            sample[10] = 255;
-            side = 1;
-            return Success;
-        }
-        Status GetOptAzimuth(std::span<Byte, AzimuthBytes> frame) override
-        {
-            frame[27] = 128;
-            return Success;
+            switch (call.operation) {
+            case Operation::GetOptGain:
+                call.bytesOut[0] = 81;
+                call.bytesOut[1] = 79;
+                return Success;
+            case Operation::GetSingleSlitloss:
+                call.bytesOut[10] = 255;
+                call.wordsOut[0] = 1;
+                return Success;
+            case Operation::GetOptAzimuth:
+                call.bytesOut[27] = 128;
+                return Success;
+            default:
+                return RecordingLibrary::Perform(call);
+            }
         }
     };
     LinkUnderTest console;

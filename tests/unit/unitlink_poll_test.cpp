@@ -48,7 +48,7 @@ TEST_CASE("a poll leaves the busy flag alone, also in its report, and marks itse
         CHECK_FALSE(console.link.UnitBusy());
         CHECK(console.link.PollActive());
     };
-    console.unit.FailNext("GetMute", 1, 6);
+    console.unit.FailNext(Operation::GetMute, 1, 6);
     console.link.PollTick();
     CHECK_FALSE(console.link.PollActive());
     CHECK_FALSE(console.link.UnitOnline());
@@ -62,7 +62,7 @@ TEST_CASE("a failing poll gives one box and reads nothing more, whatever ticks w
         console.link.PollTick();
         console.link.RefreshTick(true);
     };
-    console.unit.FailNext("GetFormat", 4, 6);
+    console.unit.FailNext(Operation::GetFormat, 4, 6);
     console.link.PollTick();
     console.link.PollTick();
     const Trace happened = console.Happened();
@@ -133,7 +133,7 @@ TEST_CASE("ticks that fall into a call are not counted")
 {
     ConnectedLink console;
     console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 10};
-    console.unit.FailNext("GetUnitVersion", 1, 2);
+    console.unit.FailNext(Operation::GetUnitVersion, 1, 2);
     console.view.duringAttempt = [&] { console.link.RefreshTick(true); };
     console.link.RetryFunction(UnitOp::GetUnitVersion);
     CHECK(console.link.RefreshCounter() == 0);
@@ -143,7 +143,7 @@ TEST_CASE("an automatic re-read that loses the link starts counting anew")
 {
     ConnectedLink console;
     console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 1};
-    console.unit.FailNext("GetAudio", 16, 6);
+    console.unit.FailNext(Operation::GetAudio, 16, 6);
     console.link.RefreshTick(true);
     CHECK(console.link.RefreshCounter() == 0);
     CHECK(console.Lines("box") == Trace{ErrorBox("- Error Communicating Audio Block\n")});
@@ -166,7 +166,7 @@ TEST_CASE("Update off line does nothing")
 TEST_CASE("an Update that loses the link leaves the title, and the screen shows the settings")
 {
     ConnectedLink console;
-    console.unit.FailNext("GetVol", 4, 6);
+    console.unit.FailNext(Operation::GetVol, 4, 6);
     console.link.Update();
     const Trace happened = console.Happened();
     CHECK(std::ranges::count(happened, "title CP Settings") == 0);

@@ -1,3 +1,4 @@
+#include "support/linkoperations.h"
 #include "support/linkundertest.h"
 
 using namespace kelvo;
@@ -17,28 +18,16 @@ constexpr std::array<const char *, 11> ErrorLines{"- Serial Port Error\n",
                                                   "- Data is not as requested\n",
                                                   "- Current OS is not compatable\n"};
 
-constexpr std::array<std::pair<UnitOp, const char *>, 20> ControlOperations{{
-    {UnitOp::GetFormat, "GetFormat"},
-    {UnitOp::GetVol, "GetVol"},
-    {UnitOp::GetMute, "GetMute"},
-    {UnitOp::SelectFormat, "SelectFormat"},
-    {UnitOp::SetVol, "SetVol"},
-    {UnitOp::SetMute, "SetMute"},
-    {UnitOp::SetPink, "SetPink"},
-    {UnitOp::SetPhase, "SetPhase"},
-    {UnitOp::GetAudio, "GetAudio"},
-    {UnitOp::GetSystem, "GetSystem"},
-    {UnitOp::SetAudio, "SetAudio"},
-    {UnitOp::SetSystem, "SetSystem"},
-    {UnitOp::SetProjector, "SetProjector"},
-    {UnitOp::BeginGainStream, "BeginGainStream"},
-    {UnitOp::BeginSlitStream, "BeginSlitStream"},
-    {UnitOp::BeginAzimuthStream, "BeginAzimuthStream"},
-    {UnitOp::StopStream, "StopStream"},
-    {UnitOp::EnableOBE, "EnableOBE"},
-    {UnitOp::SetRT60, "SetRT60"},
-    {UnitOp::SetDLLBaud, "SetDLLBaud"},
-}};
+/// The operations that come after a connection was opened and before it is closed.
+std::vector<LinkOperation> ControlOperations()
+{
+    std::vector<LinkOperation> chosen;
+    for (const LinkOperation &operation : LinkOperations)
+        if (operation.op != UnitOp::InitDLL && operation.op != UnitOp::GetUnitVersion &&
+            operation.op != UnitOp::DLLShutdown)
+            chosen.push_back(operation);
+    return chosen;
+}
 
 Status Bit(int bit)
 {
@@ -82,15 +71,13 @@ TEST_CASE("bits 11 to 15 add no line: header and end stand alone")
 
 TEST_CASE("every status bit of every operation is reported once and ends the link")
 {
-    for (const auto &operation : ControlOperations) {
-        const UnitOp op = operation.first;
-        const char *const name = operation.second;
+    for (const LinkOperation &operation : ControlOperations()) {
         for (int bit = 0; bit <= 15; ++bit) {
-            CAPTURE(name);
+            CAPTURE(operation.Name());
             CAPTURE(bit);
             ConnectedLink console;
-            console.unit.FailNext(name, Bit(bit), 6);
-            CHECK(console.link.RetryFunction(op, 1, True) == Bit(bit));
+            console.unit.FailNext(operation.operation, Bit(bit), 6);
+            CHECK(console.link.RetryFunction(operation.op, 1, True) == Bit(bit));
             CHECK_FALSE(console.link.UnitOnline());
             const std::string lines = bit <= 10 ? ErrorLines[std::size_t(bit)] : "";
             CHECK(console.Lines("box") == Trace{ErrorBox(lines)});
@@ -118,13 +105,11 @@ TEST_CASE("bits 8 and 9 with any other bit are a link failure, not 768")
 
 TEST_CASE("768 from a control call after six attempts keeps the link, the lamp in doubt")
 {
-    for (const auto &operation : ControlOperations) {
-        const UnitOp op = operation.first;
-        const char *const name = operation.second;
-        CAPTURE(name);
+    for (const LinkOperation &operation : ControlOperations()) {
+        CAPTURE(operation.Name());
         ConnectedLink console;
-        console.unit.FailNext(name, StreamNotLocked, 6);
-        CHECK(console.link.RetryFunction(op, 1, True) == StreamNotLocked);
+        console.unit.FailNext(operation.operation, StreamNotLocked, 6);
+        CHECK(console.link.RetryFunction(operation.op, 1, True) == StreamNotLocked);
         CHECK(console.link.UnitOnline());
         CHECK_FALSE(console.link.UnitBusy());
         const Trace happened = console.Happened();
@@ -170,7 +155,7 @@ TEST_CASE("the link is still on line and accepted while its report is open, and 
 TEST_CASE("the status of the closing DLLShutdown is ignored")
 {
     ConnectedLink console;
-    console.unit.FailNext("DLLShutdown", 1, 1);
+    console.unit.FailNext(Operation::DLLShutdown, 1, 1);
     console.link.DispErr(1);
     CHECK(console.Happened() == Join({{ErrorBox("- Serial Port Error\n")}, EndOfConnection()}));
 }

@@ -1,3 +1,4 @@
+#include "support/linkoperations.h"
 #include "support/linkundertest.h"
 
 using namespace kelvo;
@@ -6,42 +7,7 @@ namespace {
 
 constexpr Status Receiving = 4;
 
-/// An operation, what the library is asked to do for it, and whether its error state is cleared between
-/// attempts.
-struct Operation {
-    UnitOp op;
-    const char *name; ///< the library's operation
-    const char *call; ///< with the words that the settings and arguments of these tests give it
-    bool clearsErrors;
-};
-
-constexpr std::array<Operation, 23> Operations{{
-    {UnitOp::GetFormat, "GetFormat", "GetFormat", true},
-    {UnitOp::GetVol, "GetVol", "GetVol", true},
-    {UnitOp::GetMute, "GetMute", "GetMute", true},
-    {UnitOp::SelectFormat, "SelectFormat", "SelectFormat 3", true},
-    {UnitOp::SetVol, "SetVol", "SetVol 58", true},
-    {UnitOp::SetMute, "SetMute", "SetMute -1", true},
-    {UnitOp::SetPink, "SetPink", "SetPink 2 -1", true},
-    {UnitOp::SetPhase, "SetPhase", "SetPhase 2 -1", true},
-    {UnitOp::GetUnitVersion, "GetUnitVersion", "GetUnitVersion", true},
-    {UnitOp::InitDLL, "InitDLL", "InitDLL 4", false},
-    {UnitOp::GetAudio, "GetAudio", "GetAudio", false},
-    {UnitOp::GetSystem, "GetSystem", "GetSystem", false},
-    {UnitOp::SetAudio, "SetAudio", "SetAudio", false},
-    {UnitOp::SetSystem, "SetSystem", "SetSystem", false},
-    {UnitOp::SetProjector, "SetProjector", "SetProjector 1", true},
-    {UnitOp::BeginGainStream, "BeginGainStream", "BeginGainStream", true},
-    {UnitOp::BeginSlitStream, "BeginSlitStream", "BeginSlitStream", true},
-    {UnitOp::BeginAzimuthStream, "BeginAzimuthStream", "BeginAzimuthStream", true},
-    {UnitOp::StopStream, "StopStream", "StopStream", true},
-    {UnitOp::EnableOBE, "EnableOBE", "EnableOBE", true},
-    {UnitOp::SetRT60, "SetRT60", "SetRT60 -1", true},
-    {UnitOp::DLLShutdown, "DLLShutdown", "DLLShutdown", true},
-    {UnitOp::SetDLLBaud, "SetDLLBaud", "SetDLLBaud 2", true},
-}};
-
-bool ShowsAttempts(const Operation &operation)
+bool ShowsAttempts(const LinkOperation &operation)
 {
     return operation.op == UnitOp::InitDLL || operation.op == UnitOp::GetUnitVersion;
 }
@@ -57,11 +23,11 @@ struct PreparedLink : ConnectedLink {
         settings.Projector = 1;
     }
 
-    Status Run(const Operation &operation) { return link.RetryFunction(operation.op, 2, True); }
+    Status Run(const LinkOperation &operation) { return link.RetryFunction(operation.op, 2, True); }
 };
 
 /// What follows one failed attempt, up to the next.
-Trace AfterFailure(const Operation &operation, int failures)
+Trace AfterFailure(const LinkOperation &operation, int failures)
 {
     Trace lines;
     if (failures == 2)
@@ -78,8 +44,8 @@ Trace AfterFailure(const Operation &operation, int failures)
 
 TEST_CASE("each operation makes its one call of the library, with its values from the settings")
 {
-    for (const Operation &operation : Operations) {
-        CAPTURE(operation.name);
+    for (const LinkOperation &operation : LinkOperations) {
+        CAPTURE(operation.Name());
         PreparedLink console;
         Trace expected{operation.call};
         if (operation.op == UnitOp::InitDLL)
@@ -99,10 +65,10 @@ TEST_CASE("the second argument alone switches RT60, the first alone sets the bau
 
 TEST_CASE("off line every operation but InitDLL does nothing and counts as success")
 {
-    for (const Operation &operation : Operations) {
+    for (const LinkOperation &operation : LinkOperations) {
         if (operation.op == UnitOp::InitDLL)
             continue;
-        CAPTURE(operation.name);
+        CAPTURE(operation.Name());
         LinkUnderTest console;
         const AudioBlock before = console.settings.Audio;
         CHECK(console.link.RetryFunction(operation.op, 2, True) == Success);
@@ -114,10 +80,10 @@ TEST_CASE("off line every operation but InitDLL does nothing and counts as succe
 
 TEST_CASE("six failures in a row: six attempts, six pauses, the lamp, the report, the end of the link")
 {
-    for (const Operation &operation : Operations) {
-        CAPTURE(operation.name);
+    for (const LinkOperation &operation : LinkOperations) {
+        CAPTURE(operation.Name());
         PreparedLink console;
-        console.unit.FailNext(operation.name, Receiving, 6);
+        console.unit.FailNext(operation.operation, Receiving, 6);
         CHECK(console.Run(operation) == Receiving);
 
         Trace expected;
@@ -134,12 +100,12 @@ TEST_CASE("six failures in a row: six attempts, six pauses, the lamp, the report
 
 TEST_CASE("a failure that recovers at the second attempt never changes the lamp")
 {
-    for (const Operation &operation : Operations) {
+    for (const LinkOperation &operation : LinkOperations) {
         if (operation.op == UnitOp::InitDLL)
             continue;
-        CAPTURE(operation.name);
+        CAPTURE(operation.Name());
         PreparedLink console;
-        console.unit.FailNext(operation.name, Receiving, 1);
+        console.unit.FailNext(operation.operation, Receiving, 1);
         CHECK(console.Run(operation) == Success);
         CHECK(console.Happened() == Join({{operation.call}, AfterFailure(operation, 1), {operation.call}}));
     }
@@ -147,12 +113,12 @@ TEST_CASE("a failure that recovers at the second attempt never changes the lamp"
 
 TEST_CASE("a call that fails two to five times and then succeeds turns the lamp orange and green again")
 {
-    for (const Operation &operation : Operations) {
+    for (const LinkOperation &operation : LinkOperations) {
         for (int times = 2; times <= 5; ++times) {
-            CAPTURE(operation.name);
+            CAPTURE(operation.Name());
             CAPTURE(times);
             PreparedLink console;
-            console.unit.FailNext(operation.name, Receiving, times);
+            console.unit.FailNext(operation.operation, Receiving, times);
             CHECK(console.Run(operation) == Success);
 
             Trace expected;
@@ -168,7 +134,7 @@ TEST_CASE("the result is the status of the sixth failure, and that one is report
 {
     ConnectedLink console;
     for (Status status = 1; status <= 32; status = Status(status * 2))
-        console.unit.FailNext("SetVol", status, 1);
+        console.unit.FailNext(Operation::SetVol, status, 1);
     CHECK(console.link.RetryFunction(UnitOp::SetVol) == 32);
     CHECK(console.Lines("box") == Trace{ErrorBox("- Invalid response from unit\n")});
 }
@@ -176,7 +142,7 @@ TEST_CASE("the result is the status of the sixth failure, and that one is report
 TEST_CASE("a value that is sent is read from the settings at each attempt")
 {
     LinkUnderTest console;
-    console.unit.FailNext("InitDLL", Receiving, 2);
+    console.unit.FailNext(Operation::InitDLL, Receiving, 2);
     console.view.duringAttempt = [&] { ++console.settings.Options.ComPort; };
     console.link.RetryFunction(UnitOp::InitDLL);
     CHECK(console.Lines("InitDLL") == Trace{"InitDLL 1", "InitDLL 2", "InitDLL 3"});
@@ -227,7 +193,7 @@ TEST_CASE("a read that fails leaves the settings as they were")
 {
     ConnectedLink console;
     console.unit.panel.level = 41;
-    console.unit.FailNext("GetVol", Receiving, 6);
+    console.unit.FailNext(Operation::GetVol, Receiving, 6);
     console.link.RetryFunction(UnitOp::GetVol);
     CHECK(console.settings.FaderLevel == 70);
     CHECK(console.Lines("reflect").empty());
@@ -238,7 +204,7 @@ TEST_CASE("a control call is busy from its first attempt until its report was se
     ConnectedLink console;
     bool busyInBox = false;
     console.view.duringBox = [&] { busyInBox = console.link.UnitBusy(); };
-    console.unit.FailNext("SetMute", Receiving, 6);
+    console.unit.FailNext(Operation::SetMute, Receiving, 6);
     CHECK_FALSE(console.link.UnitBusy());
     console.link.RetryFunction(UnitOp::SetMute);
     CHECK(busyInBox);
@@ -249,21 +215,24 @@ TEST_CASE("the records go to the library in the settings' own storage, whatever 
 {
     struct StorageCheck : RecordingLibrary {
         using RecordingLibrary::RecordingLibrary;
-        const void *audio = nullptr;
-        const void *system = nullptr;
-        Status GetAudio(AudioBlock &block) override { return audio = &block, Success; }
-        Status SetAudio(AudioBlock &block) override { return audio = &block, Success; }
-        Status GetSystem(SystemBlock &block) override { return system = &block, Success; }
-        Status SetSystem(SystemBlock &block) override { return system = &block, Success; }
+        const void *record = nullptr;
+        Status Perform(const Call &call) override
+        {
+            record = call.bytesIn.empty() ? call.bytesOut.data() : call.bytesIn.data();
+            return RecordingLibrary::Perform(call);
+        }
     };
     LinkUnderTest console;
     StorageCheck library(console.unit, console.trace);
     UnitLink link(console.settings, library, console.view, console.clock);
     link.RetryFunction(UnitOp::InitDLL);
-    for (UnitOp op : {UnitOp::GetAudio, UnitOp::GetSystem, UnitOp::SetAudio, UnitOp::SetSystem}) {
-        library.audio = library.system = nullptr;
+    for (UnitOp op : {UnitOp::GetAudio, UnitOp::SetAudio}) {
         link.RetryFunction(op);
-        CHECK((library.audio == &console.settings.Audio || library.system == &console.settings.System));
+        CHECK(std::exchange(library.record, nullptr) == &console.settings.Audio);
+    }
+    for (UnitOp op : {UnitOp::GetSystem, UnitOp::SetSystem}) {
+        link.RetryFunction(op);
+        CHECK(std::exchange(library.record, nullptr) == &console.settings.System);
     }
 }
 

@@ -166,7 +166,7 @@ TEST_CASE("an upload sends the settings' records, every byte but the clock as it
 TEST_CASE("after a first send that failed the second one does nothing; the date is refreshed all the same")
 {
     ConnectedLink console;
-    console.unit.FailNext("SetSystem", 8, 6);
+    console.unit.FailNext(Operation::SetSystem, 8, 6);
     console.link.UploadToUnit(UploadSelector::Both, UploadTrigger::Unasked);
     CHECK_FALSE(console.link.UnitOnline());
     const Trace happened = console.Happened();
@@ -233,7 +233,7 @@ TEST_CASE("showing the unit while it is lost reports once and shows what the set
 {
     ConnectedLink console;
     console.unit.audio.ChannelTrim[Left] = 3;
-    console.unit.FailNext("GetSystem", 8, 6);
+    console.unit.FailNext(Operation::GetSystem, 8, 6);
     console.link.ShowSettings();
     CHECK(console.settings.Audio.ChannelTrim[Left] == 3);
     const Trace happened = console.Happened();

@@ -51,22 +51,6 @@ constexpr Knob Knobs[]{
     {"sclFocusNoise", "Focus noise", &SimulatedUnit::Reader::focusNoise, 0, 0.5, 60, 0, 1, 1},
 };
 
-/// What can be told to fail, as the library names it.
-constexpr const char *Operations[]{"InitDLL",         "DLLShutdown",
-                                   "DLLCreateIni",    "SetDLLBaud",
-                                   "GetUnitVersion",  "GetAudio",
-                                   "SetAudio",        "GetSystem",
-                                   "SetSystem",       "GetVol",
-                                   "SetVol",          "GetMute",
-                                   "SetMute",         "GetFormat",
-                                   "SelectFormat",    "SetPink",
-                                   "SetPhase",        "SetRT60",
-                                   "EnableOBE",       "SetProjector",
-                                   "StopStream",      "BeginGainStream",
-                                   "BeginSlitStream", "BeginAzimuthStream",
-                                   "GetOptGain",      "GetSingleSlitloss",
-                                   "GetOptAzimuth",   "ClearError"};
-
 constexpr const char *StreamName[]{"", "Gain", "Slit loss", "Azimuth"};
 
 QString KnobText(const Knob &knob, double value)
@@ -215,9 +199,10 @@ QGroupBox *FrmSimulator::BuildFrontPanel()
 QGroupBox *FrmSimulator::BuildNextError()
 {
     auto *box = new QGroupBox(messages::NextErrorCaption);
-    cboOperation_->addItem(messages::AnyOperation, QString());
-    for (const char *operation : Operations)
-        cboOperation_->addItem(operation, QString(operation));
+    cboOperation_->addItem(messages::AnyOperation);
+    for (const OperationRow &row : Operations)
+        if (row.required) // the other one is never called
+            cboOperation_->addItem(row.name, int(row.operation));
     cboOperation_->setAccessibleName(messages::OperationCaption);
     for (std::size_t bit = 0; bit < messages::ErrorLine.size(); ++bit)
         cboAnswer_->addItem(QString(messages::ErrorLine[bit]).sliced(2), 1 << bit);
@@ -284,7 +269,8 @@ QString FrmSimulator::RunningText() const
 
 void FrmSimulator::cmdFail_Click()
 {
-    unit_.FailNext(cboOperation_->currentData().toString().toStdString(),
+    const QVariant chosen = cboOperation_->currentData();
+    unit_.FailNext(chosen.isValid() ? std::optional(Operation(chosen.toInt())) : std::nullopt,
                    Status(cboAnswer_->currentData().toInt()), txtTimes_->value());
     ShowUnit();
 }

@@ -316,7 +316,7 @@ class OptionsPanelTest : public QObject {
     void aFailedUploadKeepsTheChoice()
     {
         Options console;
-        console.unit.FailNext("SetSystem", 8, 6);
+        console.unit.FailNext(Operation::SetSystem, 8, 6);
         console.AnswerNextBox("Connection Error", QMessageBox::Ok);
         console.Click("optDefaultFormat(2)");
         QCOMPARE(console.settings.System.DefaultFormat, Byte(2));

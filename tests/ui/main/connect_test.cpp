@@ -124,7 +124,7 @@ void ConnectTest::nothingElseStartsWhileAnAttemptRuns()
 {
     ConsoleUnderTest console(OffLine, Tab::OutputTrim);
     console.unit.panel.plugged = true;
-    console.unit.FailNext("InitDLL", 1, 2);
+    console.unit.FailNext(Operation::InitDLL, 1, 2);
     int turns = 0;
     AtEveryTurn watch([&] {
         if (!console.window->findChild<QDialog *>("frmProg"))
@@ -158,7 +158,7 @@ void ConnectTest::aCloseDuringAnAttemptIsCarriedOutAfterIt()
 {
     ConsoleUnderTest console(OffLine);
     console.unit.panel.plugged = true;
-    console.unit.FailNext("InitDLL", 1, 1);
+    console.unit.FailNext(Operation::InitDLL, 1, 1);
     AtEveryTurn watch([&] {
         if (console.window->findChild<QDialog *>("frmProg"))
             QVERIFY(!console.window->close());
@@ -239,7 +239,7 @@ void ConnectTest::theLampIsOrangeBeforeTheThirdTry()
 void ConnectTest::aRecoveredCallTurnsTheLampGreenAgain()
 {
     ConsoleUnderTest console;
-    console.unit.FailNext("GetVol", 4, 3);
+    console.unit.FailNext(Operation::GetVol, 4, 3);
     console.Tick("tmrPoll");
     QCOMPARE(Lamp(console), "On Line");
     QVERIFY(console.Find<QWidget>("frmtabs(0)")->isEnabled());
@@ -366,7 +366,7 @@ void ConnectTest::aUnitThatAnswersNothingButNoStreamIsRefused()
 {
     ConsoleUnderTest console(OffLine);
     console.unit.panel.plugged = true;
-    console.unit.FailNext("GetUnitVersion", StreamNotLocked, 6);
+    console.unit.FailNext(Operation::GetUnitVersion, StreamNotLocked, 6);
     console.AnswerNextBox("Connection Error", QMessageBox::Ok, "Unable to connect to unit!");
     console.Click("cmdConnect");
     QCOMPARE(Lamp(console), "Off Line");

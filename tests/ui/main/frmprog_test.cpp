@@ -29,7 +29,7 @@ class FrmProgTest : public QObject {
     {
         ConsoleUnderTest console(OffLine);
         console.unit.panel.plugged = true;
-        console.unit.FailNext("InitDLL", 1, 1);
+        console.unit.FailNext(Operation::InitDLL, 1, 1);
         bool seen = false;
         console.clock.duringPause = [&] {
             QDialog *frmProg = Progress(console);

@@ -99,7 +99,7 @@ void MenusTest::aBaudRateIsSentAtOnce()
 void MenusTest::aFailingBaudRateMovesItsMarkOnlyAfterwards()
 {
     ConsoleUnderTest console;
-    console.unit.FailNext("SetDLLBaud", 2, 6);
+    console.unit.FailNext(Operation::SetDLLBaud, 2, 6);
     console.AnswerNextBox("Connection Error", QMessageBox::Ok, {}, [&] {
         QVERIFY(Checked(console, "mnuBaud1"));
         QVERIFY(!Checked(console, "mnuBaud2"));

@@ -193,7 +193,7 @@ void OpenCommandTest::aLinkLostWhileOpeningStillShowsTheFile()
 {
     ConsoleUnderTest console;
     const QString path = WriteSample(console);
-    console.unit.FailNext("SelectFormat", 2, 6);
+    console.unit.FailNext(Operation::SelectFormat, 2, 6);
     console.ChooseNextFile(path);
     console.AnswerNextBox("Connection Error", QMessageBox::Ok);
     console.Trigger("mnuLoad");

@@ -97,7 +97,7 @@ void StartTest::noUnitAtStartShowsTheDefaultsAfterOneMessage()
 void StartTest::aUnitThatFailsWhileItIsReadLeavesTheConsoleOffLine()
 {
     ConsoleUnderTest console(OnLine, Tab::FormatSelection, [](ConsoleUnderTest &test) {
-        test.unit.FailNext("GetSystem", 8, 6);
+        test.unit.FailNext(Operation::GetSystem, 8, 6);
         test.AnswerNextBox("Connection Error", QMessageBox::Ok,
                            "The following Errors were encountered:\n\n"
                            "- Error Communicating System Block\n\n\nCannot Continue On Line!\n");

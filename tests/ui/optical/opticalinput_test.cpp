@@ -28,17 +28,25 @@ struct ScriptedUnit : SimulatedUnit {
     int reads = 0;
     std::function<void()> duringRead = [] {}; ///< what else happens while the unit answers
 
-    Status GetOptGain(std::span<Byte, GainBytes> reading) override { return Give(gain, reading); }
-    Status GetSingleSlitloss(std::span<Byte, SlitLossBytes> sample, Word &ofSide) override
+  protected:
+    Status Perform(const Call &call) override
     {
-        ofSide = side;
-        return Give(slit, sample);
+        switch (call.operation) {
+        case Operation::GetOptGain:
+            return Give(gain, call.bytesOut);
+        case Operation::GetSingleSlitloss:
+            call.wordsOut[0] = side;
+            return Give(slit, call.bytesOut);
+        case Operation::GetOptAzimuth:
+            return Give(azimuth, call.bytesOut);
+        default:
+            return SimulatedUnit::Perform(call);
+        }
     }
-    Status GetOptAzimuth(std::span<Byte, AzimuthBytes> frame) override { return Give(azimuth, frame); }
 
   private:
-    template <class Reading, class Target>
-    Status Give(const Reading &reading, Target target)
+    template <class Reading>
+    Status Give(const Reading &reading, std::span<Byte> target)
     {
         ++reads;
         duringRead();

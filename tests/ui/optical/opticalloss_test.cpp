@@ -23,7 +23,7 @@ struct Optical : ConsoleUnderTest {
         Forget();
     }
     /// The named operation fails for good; one box tells it.
-    void LoseLinkAt(const char *operation)
+    void LoseLinkAt(Operation operation)
     {
         unit.FailNext(operation, Receiving, 6);
         AnswerNextBox("Connection Error", QMessageBox::Ok, Report);
@@ -59,15 +59,16 @@ class OpticalLossTest : public QObject {
   private slots:
     void aLinkLostInAnyStepOfStartLeavesTheConsoleIdle_data()
     {
-        QTest::addColumn<QString>("operation");
-        for (const char *operation : {"SetProjector", "SelectFormat", "BeginGainStream", "GetMute"})
-            QTest::newRow(operation) << operation;
+        QTest::addColumn<Operation>("operation");
+        for (Operation operation : {Operation::SetProjector, Operation::SelectFormat,
+                                    Operation::BeginGainStream, Operation::GetMute})
+            QTest::newRow(RowOf(operation).name) << operation;
     }
     void aLinkLostInAnyStepOfStartLeavesTheConsoleIdle()
     {
-        QFETCH(QString, operation);
+        QFETCH(Operation, operation);
         Optical console;
-        console.LoseLinkAt(qPrintable(operation));
+        console.LoseLinkAt(operation);
         console.Click("cmdStart");
         console.IsIdleOffLine();
         QCOMPARE(console.Count("GetOptGain"), 0);
@@ -78,16 +79,16 @@ class OpticalLossTest : public QObject {
 
     void aLinkLostInAnyStepOfStopLeavesTheConsoleIdle_data()
     {
-        QTest::addColumn<QString>("operation");
-        for (const char *operation : {"SetProjector", "StopStream", "SelectFormat"})
-            QTest::newRow(operation) << operation;
+        QTest::addColumn<Operation>("operation");
+        for (Operation operation : {Operation::SetProjector, Operation::StopStream, Operation::SelectFormat})
+            QTest::newRow(RowOf(operation).name) << operation;
     }
     void aLinkLostInAnyStepOfStopLeavesTheConsoleIdle()
     {
-        QFETCH(QString, operation);
+        QFETCH(Operation, operation);
         Optical console;
         console.Stream();
-        console.LoseLinkAt(qPrintable(operation));
+        console.LoseLinkAt(operation);
         console.Click("cmdStart");
         console.IsIdleOffLine();
         QCOMPARE(console.Count("BeginGainStream"), 0);
@@ -97,7 +98,7 @@ class OpticalLossTest : public QObject {
     {
         Optical console;
         console.Stream();
-        console.unit.FailNext("GetOptGain", Receiving, 1);
+        console.unit.FailNext(Operation::GetOptGain, Receiving, 1);
         console.AnswerNextBox("Connection Error", QMessageBox::Ok, Report);
         console.Tick("tmrOptical");
         QCOMPARE(console.Calls(), (Calls{"GetOptGain", "DLLShutdown"}));
@@ -115,7 +116,7 @@ class OpticalLossTest : public QObject {
         QFETCH(int, status);
         Optical console;
         console.Stream();
-        console.unit.FailNext("GetOptGain", Word(status), 1);
+        console.unit.FailNext(Operation::GetOptGain, Word(status), 1);
         console.AnswerNextBox("Connection Error", QMessageBox::Ok);
         console.Tick("tmrOptical");
         console.IsIdleOffLine();
@@ -134,35 +135,25 @@ class OpticalLossTest : public QObject {
     void aLinkLostWhileTheMeasurementTheProjectorOrTheMuteChangesLeavesTheConsoleIdle_data()
     {
         QTest::addColumn<QString>("button");
-        QTest::addColumn<QString>("operation");
-        QTest::newRow("measurement, stop") << "optOptical(1)"
-                                           << "StopStream";
-        QTest::newRow("measurement, projector") << "optOptical(1)"
-                                                << "SetProjector";
-        QTest::newRow("measurement, begin") << "optOptical(1)"
-                                            << "BeginSlitStream";
-        QTest::newRow("projector, stop") << "cmdPro(1)"
-                                         << "StopStream";
-        QTest::newRow("projector, projector") << "cmdPro(1)"
-                                              << "SetProjector";
-        QTest::newRow("projector, begin") << "cmdPro(1)"
-                                          << "BeginGainStream";
-        QTest::newRow("reverberation") << "cmdRT60"
-                                       << "SetRT60";
-        QTest::newRow("mute, stop") << ""
-                                    << "StopStream";
-        QTest::newRow("mute, mute") << ""
-                                    << "SetMute";
-        QTest::newRow("mute, begin") << ""
-                                     << "BeginGainStream";
+        QTest::addColumn<Operation>("operation");
+        QTest::newRow("measurement, stop") << "optOptical(1)" << Operation::StopStream;
+        QTest::newRow("measurement, projector") << "optOptical(1)" << Operation::SetProjector;
+        QTest::newRow("measurement, begin") << "optOptical(1)" << Operation::BeginSlitStream;
+        QTest::newRow("projector, stop") << "cmdPro(1)" << Operation::StopStream;
+        QTest::newRow("projector, projector") << "cmdPro(1)" << Operation::SetProjector;
+        QTest::newRow("projector, begin") << "cmdPro(1)" << Operation::BeginGainStream;
+        QTest::newRow("reverberation") << "cmdRT60" << Operation::SetRT60;
+        QTest::newRow("mute, stop") << "" << Operation::StopStream;
+        QTest::newRow("mute, mute") << "" << Operation::SetMute;
+        QTest::newRow("mute, begin") << "" << Operation::BeginGainStream;
     }
     void aLinkLostWhileTheMeasurementTheProjectorOrTheMuteChangesLeavesTheConsoleIdle()
     {
         QFETCH(QString, button);
-        QFETCH(QString, operation);
+        QFETCH(Operation, operation);
         Optical console;
         console.Stream();
-        console.LoseLinkAt(qPrintable(operation));
+        console.LoseLinkAt(operation);
         if (button.isEmpty())
             console.window->findChild<OpticalPanel *>()->cmdMute4_Click();
         else
@@ -172,28 +163,29 @@ class OpticalLossTest : public QObject {
 
     void anUnlockedAnswerToAControlCallKeepsLinkAndStream_data()
     {
-        QTest::addColumn<QString>("operation");
-        for (const char *operation : {"SetProjector", "SelectFormat", "BeginGainStream", "GetMute"})
-            QTest::newRow(operation) << operation;
+        QTest::addColumn<Operation>("operation");
+        for (Operation operation : {Operation::SetProjector, Operation::SelectFormat,
+                                    Operation::BeginGainStream, Operation::GetMute})
+            QTest::newRow(RowOf(operation).name) << operation;
     }
     void anUnlockedAnswerToAControlCallKeepsLinkAndStream()
     {
-        QFETCH(QString, operation);
+        QFETCH(Operation, operation);
         Optical console;
-        console.unit.FailNext(operation.toStdString(), StreamNotLocked, 6);
+        console.unit.FailNext(operation, StreamNotLocked, 6);
         console.Click("cmdStart");
         QCOMPARE(console.Find<QPushButton>("cmdStart")->text(), "Stop");
         QCOMPARE(console.Find<QLabel>("lblLock")->text(), "No Stream");
         QVERIFY(console.Find<QTimer>("tmrOptical")->isActive());
         QCOMPARE(console.Count("DLLShutdown"), 0);
-        QCOMPARE(console.Count("BeginGainStream"), operation == "BeginGainStream" ? 6 : 1);
+        QCOMPARE(console.Count("BeginGainStream"), operation == Operation::BeginGainStream ? 6 : 1);
     }
 
     void theTabThatIsLeftWithALostLinkIsIdle()
     {
         Optical console;
         console.Stream();
-        console.LoseLinkAt("StopStream");
+        console.LoseLinkAt(Operation::StopStream);
         console.GoTo(Tab::Help);
         console.IsIdleOffLine();
     }
@@ -202,7 +194,7 @@ class OpticalLossTest : public QObject {
     {
         Optical console;
         console.Stream();
-        console.unit.FailNext("GetOptGain", Receiving, 1);
+        console.unit.FailNext(Operation::GetOptGain, Receiving, 1);
         console.AnswerNextBox("Connection Error", QMessageBox::Ok);
         console.Tick("tmrOptical");
         console.Click("cmdConnect");

@@ -266,7 +266,7 @@ class Walk {
     void FailSometimes()
     {
         if (Chance(3))
-            console_.unit.FailNext("", Status(1 << Number(11)), 1 + Number(7));
+            console_.unit.FailNext(std::nullopt, Status(1 << Number(11)), 1 + Number(7));
     }
     void PullCable()
     {

@@ -1,4 +1,4 @@
-#include "unit/loggedlibrary.h"
+#include "unit/calllog.h"
 
 #include "files/systempath.h"
 
@@ -31,9 +31,23 @@ std::string TimeStamp(system_clock::time_point now)
     return stamp;
 }
 
+/// Bytes as pairs of hexadecimal digits, words in decimal, a blank before each: " 504f", " 2 -1".
+std::string Text(std::span<const Byte> bytes, std::span<const Word> words)
+{
+    static constexpr char digits[] = "0123456789abcdef";
+    std::string text = bytes.empty() ? "" : " ";
+    for (Byte byte : bytes) {
+        text += digits[byte / 16];
+        text += digits[byte % 16];
+    }
+    for (Word word : words)
+        text += ' ' + std::to_string(word);
+    return text;
+}
+
 } // namespace
 
-LoggedLibrary::LoggedLibrary(DeviceLibrary &target, const std::string &path) : ForwardedLibrary(target)
+CallLog::CallLog(const std::string &path)
 {
     errno = 0;
     file_.open(SystemPath(path), std::ios::app | std::ios::binary);
@@ -41,38 +55,31 @@ LoggedLibrary::LoggedLibrary(DeviceLibrary &target, const std::string &path) : F
         problem_ = std::generic_category().message(errno);
 }
 
-void LoggedLibrary::Note(const std::string &text)
+void CallLog::Note(const std::string &text)
 {
     std::string line = TimeStamp(system_clock::now()) + ' ' + text;
     std::replace(line.begin(), line.end(), '\n', ' ');
     Append(std::move(line));
 }
 
-Status LoggedLibrary::Around(const char *operation, Arguments arguments, const Forward &forward)
+void CallLog::Before(const Call &call)
 {
-    std::string line = TimeStamp(system_clock::now()) + ' ' + operation;
-    for (const Argument &argument : arguments)
-        if (!argument.result)
-            line += ' ' + argument.Text();
-
-    const auto start = std::chrono::steady_clock::now();
-    const Status status = forward();
-    const auto taken = duration_cast<microseconds>(std::chrono::steady_clock::now() - start).count();
-
-    line += " -> " + std::to_string(status);
-    const char *separator = ": ";
-    for (const Argument &argument : arguments)
-        if (argument.result && status == Success) {
-            line += separator + argument.Text();
-            separator = " ";
-        }
-    char duration[32];
-    std::snprintf(duration, sizeof duration, " (%d.%03d ms)", int(taken / 1000), int(taken % 1000));
-    Append(line + duration);
-    return status;
+    call_ =
+        TimeStamp(system_clock::now()) + ' ' + RowOf(call.operation).name + Text(call.bytesIn, call.wordsIn);
 }
 
-void LoggedLibrary::Append(std::string line)
+void CallLog::After(const Call &call, Status status, microseconds taken)
+{
+    std::string line = call_ + " -> " + std::to_string(status);
+    if (status == Success && call.bytesOut.size() + call.wordsOut.size() > 0)
+        line += ':' + Text(call.bytesOut, call.wordsOut);
+    char duration[32];
+    std::snprintf(duration, sizeof duration, " (%d.%03d ms)", int(taken.count() / 1000),
+                  int(taken.count() % 1000));
+    Append(line + duration);
+}
+
+void CallLog::Append(std::string line)
 {
     line += '\n';
     file_.clear(); // A line lost to a full disk must not silence those that come after there is room again.

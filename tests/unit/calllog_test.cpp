@@ -1,4 +1,4 @@
-#include "unit/loggedlibrary.h"
+#include "unit/calllog.h"
 
 #include "support/testfolder.h"
 #include "unit/simulatedunit.h"
@@ -47,8 +47,10 @@ struct LogUnderTest {
 TEST_CASE("each call is one line with its arguments, its status and what was read")
 {
     LogUnderTest log;
-    LoggedLibrary library(log.unit, log.path);
-    CHECK(library.Problem().empty());
+    CallLog writer(log.path);
+    SimulatedUnit &library = log.unit;
+    library.Attach(writer);
+    CHECK(writer.Problem().empty());
     Word word = 0;
     UnitVersion version;
     std::array<Byte, GainBytes> gain{};
@@ -58,7 +60,7 @@ TEST_CASE("each call is one line with its arguments, its status and what was rea
     library.SetPink(Right, True);
     library.SetVol(65);
     library.GetVol(word);
-    log.unit.FailNext("GetMute", 5, 1);
+    log.unit.FailNext(Operation::GetMute, 5, 1);
     library.GetMute(word);
     library.GetOptGain(gain);
     CHECK(log.Calls() == std::vector<std::string>{"InitDLL 2 -> 0", "GetUnitVersion -> 0: 1 6 0 1 3 1 9",
@@ -69,7 +71,9 @@ TEST_CASE("each call is one line with its arguments, its status and what was rea
 TEST_CASE("blocks are written as hexadecimal digits, those read as well as those sent")
 {
     LogUnderTest log;
-    LoggedLibrary library(log.unit, log.path);
+    CallLog writer(log.path);
+    SimulatedUnit &library = log.unit;
+    library.Attach(writer);
     SystemBlock system{};
     system.F1KeyMode = 3;
     system.reserved31.back() = 0xAB;
@@ -83,7 +87,9 @@ TEST_CASE("blocks are written as hexadecimal digits, those read as well as those
 TEST_CASE("a line is in the file as soon as the call has answered")
 {
     LogUnderTest log;
-    LoggedLibrary library(log.unit, log.path);
+    CallLog writer(log.path);
+    SimulatedUnit &library = log.unit;
+    library.Attach(writer);
     library.EnableOBE();
     CHECK(log.Lines().size() == 1);
     library.StopStream();
@@ -94,11 +100,15 @@ TEST_CASE("a log is appended to, and a note is one line in it")
 {
     LogUnderTest log;
     {
-        LoggedLibrary library(log.unit, log.path);
+        CallLog writer(log.path);
+    SimulatedUnit &library = log.unit;
+    library.Attach(writer);
         library.EnableOBE();
     }
-    LoggedLibrary library(log.unit, log.path);
-    library.Note("settings.dat could not be written:\nNo space left on device");
+    CallLog writer(log.path);
+    SimulatedUnit &library = log.unit;
+    library.Attach(writer);
+    writer.Note("settings.dat could not be written:\nNo space left on device");
     REQUIRE(log.Lines().size() == 2);
     CHECK(std::regex_match(
         log.Lines()[1],
@@ -109,7 +119,9 @@ TEST_CASE("a log is appended to, and a note is one line in it")
 TEST_CASE("every operation reaches the target with its arguments, and its answer comes back")
 {
     LogUnderTest log;
-    LoggedLibrary library(log.unit, log.path);
+    CallLog writer(log.path);
+    SimulatedUnit &library = log.unit;
+    library.Attach(writer);
     SimulatedUnit &unit = log.unit;
     AudioBlock audio{};
     SystemBlock system{};
@@ -172,9 +184,11 @@ TEST_CASE("every operation reaches the target with its arguments, and its answer
 TEST_CASE("a log that cannot be opened is told with the system's reason")
 {
     LogUnderTest log;
-    LoggedLibrary library(log.unit, log.path + "/missing/calls.log");
-    CHECK(!library.Problem().empty());
-    CHECK(library.Problem() != std::generic_category().message(0));
+    CallLog writer(log.path + "/missing/calls.log");
+    SimulatedUnit &library = log.unit;
+    library.Attach(writer);
+    CHECK(!writer.Problem().empty());
+    CHECK(writer.Problem() != std::generic_category().message(0));
     CHECK(library.SetVol(30) == Success);
     CHECK(log.unit.panel.level == 30);
 }
