@@ -24,7 +24,7 @@ Moment Now()
     return std::chrono::steady_clock::now();
 }
 
-/// A unit that answers at once and remembers when it was last sent the audio settings.
+/// A unit that answers at once and remembers when it was last sent the audio room.
 struct TimedUnit : SimulatedUnit {
     Moment audioSent;
 
@@ -109,7 +109,7 @@ void Channels(EqConsole &console)
     for (int round = 0; round < rounds; ++round) {
         const int channel = round % 2 == 0 ? Right : Left;
         for (int band = 0; band < BandCount; ++band)
-            console.settings.Audio.ChannelEq[std::size_t(channel)].Band[std::size_t(band)] =
+            console.room.Audio.ChannelEq[std::size_t(channel)].Band[std::size_t(band)] =
                 Byte((band * 7 + round) % 25);
         auto *button = console.Find<QPushButton>(QString("cmdEQChan(%1)").arg(channel));
         const Moment clicked = Now();

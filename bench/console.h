@@ -14,8 +14,8 @@ struct Console {
     QTemporaryDir folder;
     Unit unit;
     SystemClock clock;
-    Settings settings;
-    FrmMain window{settings,
+    RoomSettings room;
+    FrmMain window{room,
                    unit,
                    clock,
                    {.programDirectory = folder.path(),
@@ -24,12 +24,12 @@ struct Console {
 
     Console(Tab tab, QSize size)
     {
-        settings.FaderLevel = NominalFader; // or the tuning tabs ask for it
+        room.FaderLevel = NominalFader; // or the tuning tabs ask for it
         window.resize(size);
         window.Form_Load();
         window.show();
         Find<QTabWidget>("SSTAB1")->setCurrentIndex(int(tab));
-        settings.Options.AutoUpload = true;
+        options.AutoUpload = true;
         QCoreApplication::processEvents();
     }
 

@@ -70,14 +70,13 @@ bool MeasureSaving()
     const TestFolder folder;
     const std::string path = folder.Path("bench.zcf");
     const std::string temporary = folder.Path("bench.tmp");
-    Settings settings = SampleSettings();
-    settings.CurrentFileName = path;
+    const RoomSettings room = SampleSettings();
 
     std::vector<double> ours;
     std::vector<double> bare;
-    bool good = !SaveConfigFile(settings);
+    bool good = !SaveConfigFile(path, room);
     for (int run = 0; run < runs; ++run) {
-        ours.push_back(Took([&] { good = !SaveConfigFile(settings) && good; }));
+        ours.push_back(Took([&] { good = !SaveConfigFile(path, room) && good; }));
         bare.push_back(Took([&] { good = BareSave(folder.Path(), path, temporary, SampleFile) && good; }));
     }
     std::printf("files: durable save %.0f us, bare system calls %.0f us, %.2f times (goal at most 1.2)\n",
@@ -90,13 +89,13 @@ bool MeasureSaving()
 int main()
 {
     const int runs = FullOrBrief(20'000, 100);
-    Settings settings;
+    RoomSettings room;
     bool good = true;
-    const double parse = MedianOf(runs, [&] { good = ParseConfig(SampleFile, settings) && good; });
+    const double parse = MedianOf(runs, [&] { good = ParseConfig(SampleFile, room) && good; });
     std::printf("files: parse and commit %.1f us (goal < 10)\n", parse);
 
     std::size_t length = 0;
-    const double compose = MedianOf(runs, [&] { length += ComposeConfig(settings).size(); });
+    const double compose = MedianOf(runs, [&] { length += ComposeConfig(room).size(); });
     std::printf("files: compose %.1f us (goal < 10)\n", compose);
     good = length == std::size_t(runs) * SampleFile.size() && good;
 

@@ -2,7 +2,6 @@
 
 #include "files/configfile.h"
 #include "support/samplefile.h"
-#include "support/settingstext.h"
 
 using namespace kelvo;
 
@@ -10,17 +9,17 @@ namespace {
 
 void Try(std::string_view bytes)
 {
-    const Settings before;
-    Settings settings = before;
-    if (!ParseConfig(bytes, settings)) {
-        Must(Everything(settings) == Everything(before), "a refused file changes nothing");
+    const RoomSettings before;
+    RoomSettings room = before;
+    if (!ParseConfig(bytes, room)) {
+        Must(room == before, "a refused file changes nothing");
         return;
     }
-    Must(settings.FaderLevel >= 0 && settings.FaderLevel <= HighestFader, "a loaded fader can be sent");
-    Must(settings.CurrentFormat >= 0 && settings.CurrentFormat < FormatCount, "a loaded format can be sent");
-    Settings again = before;
-    Must(ParseConfig(ComposeConfig(settings), again), "what was loaded can be saved and loaded");
-    Must(Everything(again) == Everything(settings), "a saved file brings back what was loaded");
+    Must(room.FaderLevel >= 0 && room.FaderLevel <= HighestFader, "a loaded fader can be sent");
+    Must(room.CurrentFormat >= 0 && room.CurrentFormat < FormatCount, "a loaded format can be sent");
+    RoomSettings again = before;
+    Must(ParseConfig(ComposeConfig(room), again), "what was loaded can be saved and loaded");
+    Must(again == room, "a saved file brings back what was loaded");
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "fuzzer.h"
 
 #include "files/configfile.h"
-#include "support/settingstext.h"
 
 #include <algorithm>
 
@@ -13,23 +12,23 @@ constexpr std::size_t OldLength = 352;
 
 void Try(std::string_view bytes)
 {
-    const Settings before;
-    Settings settings = before;
-    const bool loaded = ParseOldConfig(bytes, settings);
+    const RoomSettings before;
+    RoomSettings room = before;
+    const bool loaded = ParseOldConfig(bytes, room);
     Must(loaded == (bytes.size() == OldLength), "an old file has 352 bytes");
     if (!loaded) {
-        Must(Everything(settings) == Everything(before), "a refused file changes nothing");
+        Must(room == before, "a refused file changes nothing");
         return;
     }
     const auto same = [](std::string_view part, auto record) {
         return std::ranges::equal(part, record, {}, [](char c) { return Byte(c); });
     };
-    Must(same(bytes.substr(0, 128), BytesOf(settings.System)), "the first 128 bytes are the system block");
-    Must(same(bytes.substr(128), BytesOf(settings.Audio)), "the other 224 bytes are the audio block");
+    Must(same(bytes.substr(0, 128), BytesOf(room.System)), "the first 128 bytes are the system block");
+    Must(same(bytes.substr(128), BytesOf(room.Audio)), "the other 224 bytes are the audio block");
 
-    Settings again = settings;
-    Must(ParseConfig(ComposeConfig(settings), again), "what was loaded can be saved and loaded");
-    Must(Everything(again) == Everything(settings), "a saved file brings back what was loaded");
+    RoomSettings again = room;
+    Must(ParseConfig(ComposeConfig(room), again), "what was loaded can be saved and loaded");
+    Must(again == room, "a saved file brings back what was loaded");
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# includes_go_down.sh SOURCE_ROOT PROGRAM...: no folder includes what stands above it, model, files, unit and
-# rtf include nothing of the windowing toolkit, and the test programs of these do not load it either.
+# includes_go_down.sh SOURCE_ROOT PROGRAM...: no folder includes what stands above it and no room of ui another one;
+# model, files, unit, edit and rtf include nothing of the windowing toolkit, and the test programs of these do not load
+# it either.
 set -euo pipefail
 
 root=$1
@@ -21,21 +22,20 @@ allow() {
     fi
 }
 
-core="model files unit rtf"
+core="model files unit edit rtf"
 below="$core ui/controls"
 allow model
 allow files model
 allow unit files model
+allow edit unit files model
 allow rtf
-allow ui/controls $core
+allow ui/controls edit unit model
 allow ui/picture $below
-for panel in ui/simulator ui/formats ui/optical ui/theatre; do
-    allow $panel $below ui/picture
+rooms="ui/equaliser ui/levels ui/formats ui/optical ui/theatre ui/help ui/simulator"
+for room in $rooms; do
+    allow $room $below ui/picture
 done
-allow ui/levels $below ui/formats
-allow ui/equaliser $below ui/formats ui/levels
-allow ui/help $below rtf
-allow ui/main $below ui/simulator ui/equaliser ui/formats ui/levels ui/optical ui/theatre ui/help
+allow ui/main $below ui/picture $rooms
 
 for folder in $core; do
     if grep -nE '^ *# *include *<(Q|qt)' "$root/$folder"/*; then

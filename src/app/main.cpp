@@ -89,10 +89,12 @@ int Run(int argc, char **argv, const CommandLine &line)
                         }};
 
     SystemClock clock;
-    Settings settings;
+    RoomSettings room;
+    Preferences options;
+    FileState file;
     FrmSplash splash;
     splash.ShowNow();
-    FrmMain window(settings, library, clock, places);
+    FrmMain window(room, options, file, library, clock, places);
     QObject::connect(
         &application, &QGuiApplication::commitDataRequest, &window,
         [&window](QSessionManager &session) {

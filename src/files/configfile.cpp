@@ -1,10 +1,12 @@
 #include "files/configfile.h"
 
 #include "files/text.h"
+#include "model/fields.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <initializer_list>
 #include <limits>
 #include <span>
 #include <utility>
@@ -17,48 +19,65 @@ constexpr std::string_view Header = "Kelvo CP Settings File: V1.0";
 constexpr std::string_view OldSuffix = ".cfg";
 constexpr std::size_t LargestConfig = 1 << 20; // far beyond any settings; more is noise, whatever it holds
 
-/// The numbers of a file, apart from the settings until the whole file is known to be good. Bytes of the
-/// records that the file does not store come from the settings and go back to them.
-struct Content {
-    AudioBlock Audio;
-    SystemBlock System;
-    Word CurrentFormat = 0;
-    Word FaderLevel = 0;
-    Word MuteState = 0;
+/// The fields of one line of numbers. A field of two bytes is two numbers, high byte first.
+struct NumberLine {
+    std::array<FieldId, BandCount> fields{};
+    int count = 0;
+
+    constexpr NumberLine() = default;
+    constexpr NumberLine(std::initializer_list<FieldId> ids)
+    {
+        for (const FieldId id : ids)
+            Add(id);
+    }
+    constexpr void Add(FieldId id) { fields[count++] = id; }
+    std::span<const FieldId> Fields() const { return std::span(fields).first(count); }
 };
 
-constexpr Word LastFormat = FormatCount - 1;
-
-constexpr bool InRange(Word value, Word last)
+/// The lines of numbers in the order that they have had since the first version: it is history, not sense.
+consteval auto MakeLayout()
 {
-    return value >= 0 && value <= last;
+    using namespace field;
+    constexpr int Singles = 8;
+    std::array<NumberLine, Singles + 1 + 2 * ChannelCount> lines{{{Format, Fader, Mute},
+                                                                  {F1KeyMode, DisableMatrix, NonsyncMode},
+                                                                  {ReaderDelay, SurroundDelay},
+                                                                  {Kept(0), Kept(1), Kept(2)},
+                                                                  {Kept(3), Kept(4), NonsyncTrim},
+                                                                  {Kept(5), Kept(6), Kept(7)},
+                                                                  {Kept(8), Kept(9), DefaultFormat},
+                                                                  {ObeLevel, ObeFreq}}};
+    for (int channel = 0; channel < ChannelCount; ++channel) {
+        lines[Singles].Add(Trim(channel));
+        lines[Singles + 1 + channel] = {Bass(channel), Treble(channel)};
+        for (int band = 0; band < EqualiserBytes(KindOf(channel)); ++band)
+            lines[Singles + 1 + ChannelCount + channel].Add(Band(channel, band));
+    }
+    return lines;
 }
+
+constexpr auto Layout = MakeLayout();
 
 /// The file line by line, in the one order that reading and writing share. `lines` is a `LineReader` or
 /// a `LineWriter`; the first line that it refuses ends the walk.
-template <typename Lines, typename FileContent, typename Texts>
-bool WalkLines(Lines &lines, FileContent &content, Texts &texts)
+template <typename Lines, typename Room>
+bool WalkLines(Lines &lines, Room &room)
 {
-    auto &audio = content.Audio;
-    auto &system = content.System;
-    bool good = lines.Fixed(Header) &&
-                lines.Numbers(content.CurrentFormat, content.FaderLevel, content.MuteState) &&
-                lines.Numbers(system.F1KeyMode, system.DisableMatrix, system.NonsyncMode) &&
-                lines.Numbers(system.ReaderDelay[0], system.ReaderDelay[1], system.SurroundDelay) &&
-                lines.Numbers(system.stored8, system.stored10[0], system.stored10[1]) &&
-                lines.Numbers(system.stored10[2], system.stored10[3], system.NonsyncTrim) &&
-                lines.Numbers(system.stored25[0], system.stored25[1], system.stored25[2]) &&
-                lines.Numbers(system.stored25[3], system.stored25[4], system.DefaultFormat) &&
-                lines.Numbers(audio.ObeLevel, audio.ObeFreq) && lines.List(std::span(audio.ChannelTrim));
-    for (auto &slice : audio.ChannelEq)
-        good = good && lines.Numbers(slice.BassLevel, slice.TrebleLevel);
-    for (int channel = 0; channel < ChannelCount; ++channel) {
-        auto &band = audio.ChannelEq[channel].Band;
-        good = good && lines.List(std::span(band).first(EqualiserBytes(KindOf(channel))));
-    }
-    for (auto &text : texts)
-        good = good && lines.Text(text);
-    return good;
+    return lines.Fixed(Header) &&
+           std::ranges::all_of(Layout, [&](const NumberLine &line) { return lines.Numbers(line, room); }) &&
+           std::ranges::all_of(room.TheaterInfo, [&](auto &text) { return lines.Text(text); });
+}
+
+/// A live value goes to the unit as soon as it is loaded, so it must be one that the unit can take.
+bool MayBeLoaded(const Scale &scale, int value)
+{
+    return scale.truth || (value >= 0 && value <= scale.last);
+}
+
+/// A unit may report a fader or a format that no file is loaded with: the nearest one that is goes in.
+int NearestLoadable(const Scale &scale, int value)
+{
+    return scale.truth ? value : std::clamp(value, 0, scale.last);
 }
 
 class LineWriter {
@@ -75,17 +94,17 @@ class LineWriter {
         return EndLine();
     }
 
-    template <typename... Integer>
-    bool Numbers(Integer... numbers)
+    bool Numbers(const NumberLine &line, const RoomSettings &room)
     {
-        (Append(numbers), ...);
-        return EndLine();
-    }
-
-    bool List(std::span<const Byte> numbers)
-    {
-        for (const Byte number : numbers)
-            Append(number);
+        for (const FieldId id : line.Fields()) {
+            const Field &field = FieldOf(id);
+            const int stored = Get(room, id);
+            if (field.place == Place::Live)
+                Append(NearestLoadable(*field.scale, stored));
+            else
+                for (int byte = field.bytes - 1; byte >= 0; --byte)
+                    Append(stored >> 8 * byte & 0xFF);
+        }
         return EndLine();
     }
 
@@ -134,15 +153,10 @@ class LineReader {
         return quoted.has_value();
     }
 
-    template <typename... Integer>
-    bool Numbers(Integer &...numbers)
+    bool Numbers(const NumberLine &line, RoomSettings &room)
     {
-        return StartLine() && (Take(numbers) && ...) && line_.empty();
-    }
-
-    bool List(std::span<Byte> numbers)
-    {
-        return StartLine() && std::ranges::all_of(numbers, [&](Byte &number) { return Take(number); }) &&
+        return StartLine() &&
+               std::ranges::all_of(line.Fields(), [&](FieldId id) { return Take(id, room); }) &&
                line_.empty();
     }
 
@@ -155,8 +169,28 @@ class LineReader {
         return line.has_value();
     }
 
+    bool Take(FieldId id, RoomSettings &room)
+    {
+        const Field &field = FieldOf(id);
+        int stored = 0;
+        if (field.place == Place::Live) {
+            Word word = 0;
+            if (!TakeNext(word) || !MayBeLoaded(*field.scale, word))
+                return false;
+            stored = word;
+        } else
+            for (int count = 0; count < field.bytes; ++count) {
+                Byte byte = 0;
+                if (!TakeNext(byte))
+                    return false;
+                stored = stored * 256 + byte;
+            }
+        Set(room, id, stored);
+        return true;
+    }
+
     template <typename Integer>
-    bool Take(Integer &number)
+    bool TakeNext(Integer &number)
     {
         if (!atLineStart_) {
             if (!line_.starts_with(','))
@@ -187,73 +221,53 @@ bool StartsWithHeader(std::string_view bytes)
 
 } // namespace
 
-std::string ComposeConfig(const Settings &settings)
+std::string ComposeConfig(const RoomSettings &room)
 {
     constexpr std::size_t UsualLength = 2048;
     std::string bytes;
     bytes.reserve(UsualLength);
-    // A unit may report a fader or a format that no file is loaded with: the nearest one that is goes in.
-    const Content content{
-        .Audio = settings.Audio,
-        .System = settings.System,
-        .CurrentFormat = std::clamp(settings.OperatorFormat(), Word(0), LastFormat),
-        .FaderLevel = std::clamp(settings.FaderLevel, Word(0), HighestFader),
-        .MuteState = settings.MuteState,
-    };
     LineWriter lines(bytes);
-    WalkLines(lines, content, settings.TheaterInfo);
+    WalkLines(lines, room);
     return bytes;
 }
 
-bool ParseConfig(std::string_view bytes, Settings &settings)
+bool ParseConfig(std::string_view bytes, RoomSettings &room)
 {
-    Content content{.Audio = settings.Audio, .System = settings.System};
-    TheaterTexts texts;
+    // Bytes of the records that the file does not hold keep their values.
+    RoomSettings loaded{.Audio = room.Audio, .System = room.System, .TheaterInfo = {}};
     LineReader lines(WithoutByteOrderMark(bytes));
-    if (!WalkLines(lines, content, texts))
+    if (!WalkLines(lines, loaded))
         return false;
-    Decode(texts);
-    // Fader and format are sent to the unit at once, so they must be ones that it can take.
-    if (!InRange(content.FaderLevel, HighestFader) || !InRange(content.CurrentFormat, LastFormat))
-        return false;
-
-    settings.Audio = content.Audio;
-    settings.System = content.System;
-    settings.FaderLevel = content.FaderLevel;
-    settings.MuteState = content.MuteState;
-    // While a stream forces its own format, the loaded one waits until the stream stops.
-    (settings.FormatBeforeStream ? *settings.FormatBeforeStream : settings.CurrentFormat) =
-        content.CurrentFormat;
-    settings.TheaterInfo = std::move(texts);
-    TakeObeFromAudio(settings);
+    Decode(loaded.TheaterInfo);
+    room = std::move(loaded);
     return true;
 }
 
-bool ParseOldConfig(std::string_view bytes, Settings &settings)
+bool ParseOldConfig(std::string_view bytes, RoomSettings &room)
 {
-    const auto system = BytesOf(settings.System);
-    const auto audio = BytesOf(settings.Audio);
+    const auto system = BytesOf(room.System);
+    const auto audio = BytesOf(room.Audio);
     if (bytes.size() != system.size() + audio.size())
         return false;
     std::ranges::copy(bytes.substr(0, system.size()), system.begin());
     std::ranges::copy(bytes.substr(system.size()), audio.begin());
-    TakeObeFromAudio(settings);
     return true;
 }
 
-std::optional<FileFailure> SaveConfigFile(const Settings &settings, const FileCalls &calls)
+std::optional<FileFailure> SaveConfigFile(const std::string &path, const RoomSettings &room,
+                                          const FileCalls &calls)
 {
-    return WriteWhole(settings.CurrentFileName, ComposeConfig(settings), calls);
+    return WriteWhole(path, ComposeConfig(room), calls);
 }
 
-std::optional<FileFailure> LoadConfigFile(const std::string &path, Settings &settings)
+std::optional<FileFailure> LoadConfigFile(const std::string &path, RoomSettings &room)
 {
     std::string bytes;
     if (auto failure = ReadWhole(path, LargestConfig, bytes))
         return failure;
     // Save writes the new format whatever the name is, so an old name may hold either.
     const bool old = path.ends_with(OldSuffix) && !StartsWithHeader(bytes);
-    const bool good = old ? ParseOldConfig(bytes, settings) : ParseConfig(bytes, settings);
+    const bool good = old ? ParseOldConfig(bytes, room) : ParseConfig(bytes, room);
     return good ? std::nullopt : std::optional(FileFailure{.reason = {}, .wrongFormat = true});
 }
 

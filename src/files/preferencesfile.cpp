@@ -11,6 +11,7 @@ namespace {
 constexpr std::size_t LargestPreferences = 1 << 16;
 constexpr Word FirstPort = 1;
 constexpr Word LastPort = 4;
+constexpr Word AutoRefreshOn = 1; ///< this option alone is kept as a number
 
 constexpr std::string_view LineEnd = "\r\n";
 
@@ -64,17 +65,20 @@ bool ReadLine(std::string_view &rest, Value &value)
 std::string ComposePreferences(const Preferences &options)
 {
     return Line(options.ComPort) + Line(options.AutoUpload) + Line(options.ConfirmUpload) +
-           Line(options.Shortcuts) + Line(options.AutoRefresh) + Line(options.RefreshSeconds);
+           Line(options.Shortcuts) + Line(Word(options.AutoRefresh ? AutoRefreshOn : 0)) +
+           Line(options.RefreshSeconds);
 }
 
 Preferences ParsePreferences(std::string_view bytes)
 {
     Preferences options;
     bytes = WithoutByteOrderMark(bytes);
+    Word autoRefresh = 0;
     // The first line that cannot be read ends the chain; the defaults stay for it and the rest.
     static_cast<void>(ReadLine(bytes, options.ComPort) && ReadLine(bytes, options.AutoUpload) &&
                       ReadLine(bytes, options.ConfirmUpload) && ReadLine(bytes, options.Shortcuts) &&
-                      ReadLine(bytes, options.AutoRefresh) && ReadLine(bytes, options.RefreshSeconds));
+                      ReadLine(bytes, autoRefresh) && ReadLine(bytes, options.RefreshSeconds));
+    options.AutoRefresh = autoRefresh == AutoRefreshOn;
     if (options.ComPort < FirstPort || options.ComPort > LastPort)
         options.ComPort = FirstPort;
     return options;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "files/atomicfile.h"
-#include "model/settings.h"
+#include "model/preferences.h"
 
 #include <optional>
 #include <string>

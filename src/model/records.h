@@ -62,6 +62,8 @@ struct ChannelSlice {
     Byte BassLevel;                   ///< position = 10 - level, -10 to +10 dB
     Byte TrebleLevel;                 ///< as `BassLevel`
     Byte unused29;
+
+    bool operator==(const ChannelSlice &) const = default;
 };
 static_assert(sizeof(ChannelSlice) == 30 && offsetof(ChannelSlice, Band) == 0);
 static_assert(offsetof(ChannelSlice, BassLevel) == 27 && offsetof(ChannelSlice, TrebleLevel) == 28);
@@ -76,6 +78,8 @@ struct AudioBlock {
     Byte ObeLevel;                                    ///< half decibels down from +6 dB, 0..24
     Byte ObeFreq;                                     ///< 0 = off, 1..8 = 50..120 Hz
     std::array<Byte, 30> reserved194;
+
+    bool operator==(const AudioBlock &) const = default;
 };
 static_assert(sizeof(AudioBlock) == 224 && offsetof(AudioBlock, UnitClock) == 0);
 static_assert(offsetof(AudioBlock, reserved4) == 4 && offsetof(AudioBlock, ChannelTrim) == 6);
@@ -101,6 +105,8 @@ struct SystemBlock {
     std::array<Byte, 5> stored25;
     Byte DefaultFormat; ///< the power-on format, 0..4
     std::array<Byte, 97> reserved31;
+
+    bool operator==(const SystemBlock &) const = default;
 };
 static_assert(sizeof(SystemBlock) == 128 && offsetof(SystemBlock, F1KeyMode) == 0);
 static_assert(offsetof(SystemBlock, DisableMatrix) == 1 && offsetof(SystemBlock, reserved2) == 2);

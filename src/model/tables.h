@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/records.h"
-#include "model/settings.h"
+#include "model/roomsettings.h"
 
 #include <array>
 #include <string>
@@ -9,32 +9,30 @@
 
 namespace kelvo {
 
-using Text = const char *;
+inline constexpr std::array<const char *, ChannelCount> ChannelName{
+    "Left", "Left Surround", "Center", "Right Surround", "Right", "Subwoofer"};
 
-inline constexpr std::array<Text, ChannelCount> ChannelName{"Left",           "Left Surround", "Center",
-                                                            "Right Surround", "Right",         "Subwoofer"};
-
-inline constexpr std::array<Text, ChannelCount> ChannelTitle{"Left Channel",   "Left Surround Channel",
-                                                             "Center Channel", "Right Surround Channel",
-                                                             "Right Channel",  "Subwoofer Channel"};
+inline constexpr std::array<const char *, ChannelCount> ChannelTitle{
+    "Left Channel",           "Left Surround Channel", "Center Channel",
+    "Right Surround Channel", "Right Channel",         "Subwoofer Channel"};
 
 // The names of a single channel's stored equaliser (`ChannelSection`, `BandKey`, `SurroundBandKey`) and the
 // second channel numbering are part of the console's vocabulary, tested, but nothing here uses them yet.
 
 /// Section names of a single channel's stored equaliser.
 /// Deliberate: the surrounds put "Surround" before the side, unlike `ChannelTitle`.
-inline constexpr std::array<Text, ChannelCount> ChannelSection{"Channel Left",   "Channel Surround Left",
-                                                               "Channel Center", "Channel Surround Right",
-                                                               "Channel Right",  "Channel Subwoofer"};
+inline constexpr std::array<const char *, ChannelCount> ChannelSection{
+    "Channel Left",           "Channel Surround Left", "Channel Center",
+    "Channel Surround Right", "Channel Right",         "Channel Subwoofer"};
 
 /// Third-octave bands, index = byte of `ChannelSlice::Band`.
-inline constexpr std::array<Text, BandCount> BandKey{
+inline constexpr std::array<const char *, BandCount> BandKey{
     "Eq40h",  "Eq50h",   "Eq63h",  "Eq80h",  "Eq100h", "Eq125h", "Eq160h",  "Eq200h",  "Eq250h",
     "Eq315h", "Eq400h",  "Eq500h", "Eq630h", "Eq800h", "Eq1k",   "Eq1.25k", "Eq1.6k",  "Eq2k",
     "Eq2.5k", "Eq3.15k", "Eq4k",   "Eq5k",   "Eq6.3k", "Eq8k",   "Eq10k",   "Eq12.5k", "Eq16k"};
 
 /// Octave bands of the surround channels, index = byte of `ChannelSlice::Band`.
-inline constexpr std::array<Text, SurroundBandCount> SurroundBandKey{
+inline constexpr std::array<const char *, SurroundBandCount> SurroundBandKey{
     "Eq63h", "Eq125h", "Eq250h", "Eq500h", "Eq1k", "Eq2k", "Eq4k", "Eq8k", "Eq16k"};
 
 /// The second channel numbering and back: `ChannelOrderB[ChannelOrderA[i]] == i`.
@@ -42,18 +40,19 @@ inline constexpr std::array<Word, ChannelCount> ChannelOrderA{5, 4, 0, 1, 2, 3};
 inline constexpr std::array<Word, ChannelCount> ChannelOrderB{2, 3, 4, 5, 1, 0};
 
 /// The sound formats, index = `CurrentFormat`. The first one's button later shows what the F1 key selects.
-inline constexpr std::array<Text, FormatCount> ModeCaption{"Mono",           "A-TYPE",        "SR-TYPE",
-                                                           "EXTERNAL 6-TRK", "Kelvo Digital", "NONSYNC"};
+inline constexpr std::array<const char *, FormatCount> ModeCaption{
+    "Mono", "A-TYPE", "SR-TYPE", "EXTERNAL 6-TRK", "Kelvo Digital", "NONSYNC"};
 
 inline constexpr int ReaderDelayCount = 397; ///< 0.00 to 99.00 frames in quarters
 
 /// Entry `index` (0 to 396) of the reader delay list: "0.25 TC Frames" for 1.
 std::string ReaderDelayText(int index);
 
-inline constexpr std::array<Text, TheaterTextCount> TheaterLabel{
-    "Circuit:", "Theater Name:",     "Address:",       "City:",           "State / County:", "Zip Code:",
-    "Phone:",   "S/N of Processor:", "Screen Number:", "Date Installed:", "Notes:"};
+inline constexpr std::array<const char *, TheaterTextCount> TheaterName{
+    "Circuit", "Theater Name",     "Address",       "City",           "State / County", "Zip Code",
+    "Phone",   "S/N of Processor", "Screen Number", "Date Installed", "Notes"};
 
-enum TheaterIndex { TheaterName = 1, DateInstalled = 9, Notes = 10 };
+/// The texts that something is done with.
+enum TheaterIndex { NameOfTheater = 1, DateInstalled = 9, Notes = 10 };
 
 } // namespace kelvo

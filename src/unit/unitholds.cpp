@@ -1,49 +1,39 @@
 #include "unit/unitholds.h"
 
-#include <utility>
+#include <algorithm>
 
 namespace kelvo {
 
-namespace {
-
-int DifferentBytes(std::span<const Byte> one, std::span<const Byte> other)
+void UnitHolds::TakeRecord(Place record, const RoomSettings &from)
 {
-    int count = 0;
-    for (std::size_t i = 0; i < one.size(); ++i)
-        count += one[i] != other[i];
-    return count;
+    if (record == Place::Audio)
+        Room.Audio = from.Audio;
+    else
+        Room.System = from.System;
+    ForEachField([&](FieldId id, const Field &field) {
+        if (field.place == record)
+            Known.set(std::size_t(id));
+    });
 }
 
-int DifferentFields(const AudioBlock &one, const AudioBlock &other)
+void UnitHolds::TakeLive(FieldId live, Word value)
 {
-    // The unit's clock runs on by itself.
-    constexpr std::size_t first = sizeof(AudioBlock::UnitClock);
-    return DifferentBytes(BytesOf(one).subspan<first>(), BytesOf(other).subspan<first>());
+    Set(Room, live, value);
+    Known.set(std::size_t(live));
 }
 
-int DifferentFields(const SystemBlock &one, SystemBlock other)
+Word UnitHolds::LiveOr(FieldId live, Word otherwise) const
 {
-    // The two bytes of the reader delay are one setting.
-    const bool delayDiffers = one.ReaderDelay != other.ReaderDelay;
-    other.ReaderDelay = one.ReaderDelay;
-    return delayDiffers + DifferentBytes(BytesOf(one), BytesOf(std::as_const(other)));
+    return Knows(live) ? Word(Get(Room, live)) : otherwise;
 }
 
-bool Differs(Word value, std::optional<Word> held)
+std::optional<int> CountDifferences(const RoomSettings &room, const UnitHolds &holds)
 {
-    return held && value != *held;
-}
-
-} // namespace
-
-std::optional<int> CountDifferences(const Settings &settings, const UnitHolds &holds)
-{
-    if (!holds.Audio || !holds.System)
+    if (!holds.KnowsRecords())
         return std::nullopt;
-    const bool muteDiffers = holds.MuteState && (settings.MuteState != False) != (*holds.MuteState != False);
-    return DifferentFields(settings.Audio, *holds.Audio) + DifferentFields(settings.System, *holds.System) +
-           Differs(settings.FaderLevel, holds.FaderLevel) + muteDiffers +
-           Differs(settings.CurrentFormat, holds.CurrentFormat);
+    return int(std::ranges::count_if(Compare(room, holds.Room), [&](const Difference &difference) {
+        return holds.Knows(difference.field);
+    }));
 }
 
 } // namespace kelvo

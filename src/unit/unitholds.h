@@ -1,27 +1,28 @@
 #pragma once
 
-#include "model/settings.h"
+#include "model/fields.h"
+#include "unit/testsignals.h"
 
-#include <array>
+#include <bitset>
 #include <optional>
 
 namespace kelvo {
 
-/// What the unit last took or told. Empty until it did.
+/// What the unit last took or told.
 struct UnitHolds {
-    std::optional<AudioBlock> Audio{};
-    std::optional<SystemBlock> System{};
-    std::optional<Word> FaderLevel{};
-    std::optional<Word> MuteState{};
-    std::optional<Word> CurrentFormat{};
-    /// Test signals count only for switching them off again: an upload does not carry them.
-    std::array<bool, ChannelCount> Pink{};
-    std::array<bool, ChannelCount> Inverted{};
-    bool RT60 = false;
+    RoomSettings Room{};             ///< as far as it is known
+    std::bitset<FieldCount> Known{}; ///< by `FieldId`
+    TestSignals Playing{};           ///< what the unit was last told to play
+
+    void TakeRecord(Place record, const RoomSettings &from);
+    void TakeLive(FieldId live, Word value);
+    /// What the unit holds of a live value, or the other value while that is not known.
+    Word LiveOr(FieldId live, Word otherwise) const;
+    bool Knows(FieldId id) const { return Known.test(std::size_t(id)); }
+    bool KnowsRecords() const { return Knows(field::Trim(Left)) && Knows(field::F1KeyMode); }
 };
 
-/// How many fields of the settings differ from what the unit holds, the clock left out; empty until both
-/// records of the unit are known.
-std::optional<int> CountDifferences(const Settings &settings, const UnitHolds &holds);
+/// How many settings differ from what the unit holds; empty until both its records are known.
+std::optional<int> CountDifferences(const RoomSettings &room, const UnitHolds &holds);
 
 } // namespace kelvo

@@ -5,6 +5,9 @@
 #include "unit/unitclock.h"
 #include "unit/versions.h"
 
+#include <span>
+#include <utility>
+
 namespace kelvo {
 
 namespace {
@@ -25,45 +28,43 @@ bool ShowsAttempts(UnitOp op)
     return op == UnitOp::InitDLL || op == UnitOp::GetUnitVersion;
 }
 
-/// Passes a status on; after a success what the unit holds is known.
-template <class Held, class Value>
-Status Keep(Status status, Held &held, const Value &value)
+/// Passes a status on; after a success what the unit plays is known.
+Status KeepSwitch(Status status, std::span<bool> held, Word channel, Word on)
 {
-    if (status == Success)
-        held = value;
-    return status;
-}
-
-Status KeepSwitch(Status status, std::array<bool, ChannelCount> &held, Word channel, Word on)
-{
-    if (status == Success && channel >= 0 && channel < ChannelCount)
+    if (status == Success && channel >= 0 && std::size_t(channel) < held.size())
         held[channel] = on != False;
     return status;
 }
 
 } // namespace
 
-UnitLink::UnitLink(Settings &settings, DeviceLibrary &library, LinkView &view, WallClock &clock)
-    : settings_(settings),
+UnitLink::UnitLink(RoomSettings &room, const Preferences &options, DeviceLibrary &library, LinkView &view,
+                   WallClock &clock)
+    : room_(room),
+      options_(options),
       library_(library),
       view_(view),
       clock_(clock)
 {
 }
 
+UnitLink::OneChange::~OneChange()
+{
+    if (--link_.changes_ == 0)
+        link_.view_.ShowSent();
+}
+
 // Calls and their reports
 
 Status UnitLink::RetryFunction(UnitOp op, Word first, Word second)
 {
-    Status result = Success;
+    const OneChange change(*this);
     const bool reachable = unitOnline_ || op == UnitOp::InitDLL;
-    if (reachable && !yielding_) {
-        // A poll tells its calls by its own flag, so that `UnitBusy` stays the sign of every other call.
-        const FlagGuard calling(pollActive_ ? pollActive_ : unitBusy_);
-        result = CallUpToSixTimes(op, first, second);
-    }
-    view_.ShowSent();
-    return result;
+    if (!reachable || yielding_)
+        return Success;
+    // A poll tells its calls by its own flag, so that `UnitBusy` stays the sign of every other call.
+    const FlagGuard calling(pollActive_ ? pollActive_ : unitBusy_);
+    return CallUpToSixTimes(op, first, second);
 }
 
 Status UnitLink::CallUpToSixTimes(UnitOp op, Word first, Word second)
@@ -71,14 +72,12 @@ Status UnitLink::CallUpToSixTimes(UnitOp op, Word first, Word second)
     int failures = 0;
     Status status = CallLibrary(op, first, second);
     while (status != Success) {
-        if (failures == 1) {
+        if (failures == 1)
             SetConnectStatus(LinkState::InDoubt);
-            view_.RepaintWindow();
-        }
         ++failures;
         clock_.Pause(RetryPause);
         if (ShowsAttempts(op))
-            ShowAttempt(failures);
+            ShowProgress(progress_, failures);
         if (ClearsErrors(op))
             library_.ClearError();
         if (failures == MaxAttempts) {
@@ -87,56 +86,54 @@ Status UnitLink::CallUpToSixTimes(UnitOp op, Word first, Word second)
         }
         status = CallLibrary(op, first, second);
     }
-    if (op == UnitOp::InitDLL || failures >= 2) {
+    if (op == UnitOp::InitDLL || lamp_ == LinkState::InDoubt)
         SetConnectStatus(LinkState::OnLine);
-        view_.RepaintWindow();
-    }
     return Success;
 }
 
 Status UnitLink::CallLibrary(UnitOp op, Word first, Word second)
 {
+    const auto sent = [this](Status status, FieldId live, Word value) {
+        if (status == Success)
+            holds_.TakeLive(live, value);
+        return status;
+    };
+    const auto sentRecord = [this](Status status, Place record) {
+        if (status == Success)
+            holds_.TakeRecord(record, room_);
+        return status;
+    };
     switch (op) {
     case UnitOp::GetFormat:
-        return ReadWord(&DeviceLibrary::GetFormat, settings_.CurrentFormat, holds_.CurrentFormat,
-                        [this] { view_.ReflectModeStatus(); });
+        return ReadLive(&DeviceLibrary::GetFormat, field::Format);
     case UnitOp::GetVol:
-        return ReadWord(&DeviceLibrary::GetVol, settings_.FaderLevel, holds_.FaderLevel, [this] {
-            view_.ReflectVolumeLevel(true);
-            view_.RepaintWindow();
-        });
+        return ReadLive(&DeviceLibrary::GetVol, field::Fader);
     case UnitOp::GetMute:
-        return ReadWord(&DeviceLibrary::GetMute, settings_.MuteState, holds_.MuteState, [this] {
-            view_.ReflectMuteStatus();
-            view_.RepaintWindow();
-        });
+        return ReadLive(&DeviceLibrary::GetMute, field::Mute);
     case UnitOp::SelectFormat:
-        return Keep(library_.SelectFormat(settings_.CurrentFormat), holds_.CurrentFormat,
-                    settings_.CurrentFormat);
+        return SendFormat();
     case UnitOp::SetVol:
-        return Keep(library_.SetVol(settings_.FaderLevel), holds_.FaderLevel, settings_.FaderLevel);
+        return sent(library_.SetVol(room_.FaderLevel), field::Fader, room_.FaderLevel);
     case UnitOp::SetMute:
         return SendMute();
     case UnitOp::SetPink:
-        return KeepSwitch(library_.SetPink(first, second), holds_.Pink, first, second);
+        return KeepSwitch(library_.SetPink(first, second), holds_.Playing.Pink, first, second);
     case UnitOp::SetPhase:
-        return KeepSwitch(library_.SetPhase(first, second), holds_.Inverted, first, second);
-    case UnitOp::GetUnitVersion: {
-        UnitVersion version;
-        return Keep(library_.GetUnitVersion(version), version_, version);
-    }
+        return KeepSwitch(library_.SetPhase(first, second), holds_.Playing.Inverted, first, second);
+    case UnitOp::GetUnitVersion:
+        return library_.GetUnitVersion(version_);
     case UnitOp::InitDLL:
-        return library_.InitDLL(settings_.Options.ComPort);
+        return library_.InitDLL(options_.ComPort);
     case UnitOp::GetAudio:
-        return Keep(library_.GetAudio(settings_.Audio), holds_.Audio, settings_.Audio);
+        return ReadRecord(&DeviceLibrary::GetAudio, room_.Audio, Place::Audio);
     case UnitOp::GetSystem:
-        return Keep(library_.GetSystem(settings_.System), holds_.System, settings_.System);
+        return ReadRecord(&DeviceLibrary::GetSystem, room_.System, Place::System);
     case UnitOp::SetAudio:
-        return Keep(library_.SetAudio(settings_.Audio), holds_.Audio, settings_.Audio);
+        return sentRecord(library_.SetAudio(room_.Audio), Place::Audio);
     case UnitOp::SetSystem:
-        return Keep(library_.SetSystem(settings_.System), holds_.System, settings_.System);
+        return sentRecord(library_.SetSystem(room_.System), Place::System);
     case UnitOp::SetProjector:
-        return library_.SetProjector(settings_.Projector);
+        return library_.SetProjector(first);
     case UnitOp::BeginGainStream:
         return library_.BeginGainStream();
     case UnitOp::BeginSlitStream:
@@ -148,7 +145,7 @@ Status UnitLink::CallLibrary(UnitOp op, Word first, Word second)
     case UnitOp::EnableOBE:
         return library_.EnableOBE();
     case UnitOp::SetRT60:
-        return Keep(library_.SetRT60(second), holds_.RT60, second != False);
+        return KeepSwitch(library_.SetRT60(second), std::span(&holds_.Playing.RT60, 1), 0, second);
     case UnitOp::DLLShutdown:
         return library_.DLLShutdown();
     case UnitOp::SetDLLBaud:
@@ -157,25 +154,60 @@ Status UnitLink::CallLibrary(UnitOp op, Word first, Word second)
     return Success;
 }
 
-template <class Show>
-Status UnitLink::ReadWord(Status (DeviceLibrary::*get)(Word &), Word &value, std::optional<Word> &held,
-                          Show show)
+Status UnitLink::ReadLive(Status (DeviceLibrary::*get)(Word &), FieldId live)
 {
     Word read = 0;
-    const Status status = Keep((library_.*get)(read), held, read);
-    if (status == Success && read != value) {
-        value = read;
-        const FlagGuard fromUnit(settings_.Updating);
-        show();
+    const Status status = (library_.*get)(read);
+    if (status != Success)
+        return status;
+    holds_.TakeLive(live, read);
+    if (read != Get(room_, live)) {
+        Set(room_, live, read);
+        Show(Changed::Of(Source::Poll, {live}));
     }
+    return Success;
+}
+
+/// The library fills the console's own record in place, so that bytes it leaves alone keep their values. What
+/// a failed call has left there was never read.
+template <class Block>
+Status UnitLink::ReadRecord(Status (DeviceLibrary::*get)(Block &), Block &block, Place record)
+{
+    const Block before = block;
+    const Status status = (library_.*get)(block);
+    if (status == Success)
+        holds_.TakeRecord(record, room_);
+    else
+        block = before;
     return status;
+}
+
+Status UnitLink::SendFormat()
+{
+    const Word format = forcedFormat_.value_or(room_.CurrentFormat);
+    const Status status = library_.SelectFormat(format);
+    if (status != Success)
+        return status;
+    holds_.TakeLive(field::Format, format);
+    if (!forcedFormat_)
+        lostStream_.reset();
+    return Success;
+}
+
+void UnitLink::ReleaseFormat()
+{
+    if (const auto forced = std::exchange(forcedFormat_, std::nullopt))
+        lostStream_ = {*forced, room_.CurrentFormat};
 }
 
 Status UnitLink::SendMute()
 {
     // A file or a unit may hold any word for "muted"; what is sent is one of two.
-    const Word word = settings_.MuteState == False ? False : True;
-    return Keep(library_.SetMute(word), holds_.MuteState, word);
+    const Word word = room_.MuteState == False ? False : True;
+    const Status status = library_.SetMute(word);
+    if (status == Success)
+        holds_.TakeLive(field::Mute, word);
+    return status;
 }
 
 void UnitLink::DispErr(Status code)
@@ -185,44 +217,39 @@ void UnitLink::DispErr(Status code)
         return;
     }
     if (code != Success)
-        Report(messages::ConnectionErrorTitle,
-               connectionAccepted_ ? messages::ErrorReport(code) : messages::UnableToConnect);
+        ShowBox(LinkBox::Report, messages::ConnectionErrorTitle,
+                connectionAccepted_ ? messages::ErrorReport(code) : messages::UnableToConnect);
     connectionAccepted_ = false;
     SetConnectStatus(LinkState::OffLine);
     view_.EnableFrames(false);
     library_.DLLShutdown();
-    view_.StopRunningStream();
 }
 
 void UnitLink::SetConnectStatus(LinkState state)
 {
+    lamp_ = state;
     if (state != LinkState::InDoubt)
         unitOnline_ = state == LinkState::OnLine;
     view_.ShowConnectStatus(state);
 }
 
-void UnitLink::ShowProgress(std::string_view caption)
+void UnitLink::ShowProgress(std::string_view caption, int failures)
 {
     const FlagGuard yielding(yielding_);
-    view_.ShowProgress(caption);
+    progress_ = caption;
+    view_.ShowProgress(caption, failures);
 }
 
-void UnitLink::ShowAttempt(int failures)
+bool UnitLink::ShowBox(LinkBox kind, std::string_view title, std::string_view text)
 {
     const FlagGuard yielding(yielding_);
-    view_.ShowAttempt(failures);
+    return view_.ShowBox(kind, title, text);
 }
 
-void UnitLink::Report(std::string_view title, std::string_view text)
+void UnitLink::Show(const Changed &changed)
 {
-    const FlagGuard yielding(yielding_);
-    view_.ShowError(title, text);
-}
-
-bool UnitLink::Ask(std::string_view title, std::string_view text)
-{
-    const FlagGuard yielding(yielding_);
-    return view_.Ask(title, text);
+    const FlagGuard fromUnit(Updating);
+    view_.Show(changed);
 }
 
 // The connection
@@ -231,6 +258,7 @@ bool UnitLink::ConnectToUnit()
 {
     if (unitOnline_ || InCall())
         return false;
+    const OneChange change(*this);
     const FlagGuard connecting(connecting_);
     return OpenConnection();
 }
@@ -238,32 +266,31 @@ bool UnitLink::ConnectToUnit()
 bool UnitLink::OpenConnection()
 {
     // Deliberate: an attempt that fails leaves this set; the next good connection clears it.
-    settings_.Updating = true;
+    Updating = true;
     SetPolling(false);
     SetConnectStatus(LinkState::OffLine);
     view_.EnableFrames(false);
 
-    ShowProgress(messages::Connecting);
-    view_.HideUnitVersion();
+    ShowProgress(messages::Connecting, 0);
+    view_.ShowUnitVersion({});
     if (!Answers(UnitOp::InitDLL))
         return false;
-    ShowProgress(messages::ReadingVersion);
-    if (!Answers(UnitOp::GetUnitVersion))
-        return false;
-    if (!AcceptVersion())
+    ShowProgress(messages::ReadingVersion, 0);
+    if (!Answers(UnitOp::GetUnitVersion) || !AcceptVersion())
         return false;
 
     connectionAccepted_ = true;
     view_.EnableFrames(true);
-    holds_ = UnitHolds{.Pink = holds_.Pink, .Inverted = holds_.Inverted, .RT60 = holds_.RT60};
-    ShowSettings();
-    view_.LoadChannelData();
-    view_.ShowF1Format();
+    holds_ = UnitHolds{.Playing = holds_.Playing};
+    if (!ShowSettings(Source::Connection)) {
+        if (unitOnline_)
+            Refuse(messages::ConnectionErrorTitle, messages::UnableToConnect);
+        return false;
+    }
     RetryFunction(UnitOp::StopStream);
+    ReturnToOperatorsFormat();
 
-    settings_.Updating = false;
-    if (unitOnline_)
-        view_.ShowSettingsFromUnit();
+    Updating = false;
     SetPolling(true);
     return true;
 }
@@ -271,12 +298,16 @@ bool UnitLink::OpenConnection()
 bool UnitLink::Answers(UnitOp op)
 {
     const Status status = RetryFunction(op);
-    if (status == StreamNotLocked) {
-        // Six times this while opening is no connection, but it was not reported and the link stayed open.
-        Report(messages::ConnectionErrorTitle, messages::UnableToConnect);
-        DispErr(Success);
-    }
+    // Six times this while opening is no connection, but it was not reported and the link stayed open.
+    if (status == StreamNotLocked)
+        Refuse(messages::ConnectionErrorTitle, messages::UnableToConnect);
     return status == Success;
+}
+
+void UnitLink::Refuse(std::string_view title, std::string_view text)
+{
+    ShowBox(LinkBox::Report, title, text);
+    DispErr(Success);
 }
 
 bool UnitLink::AcceptVersion()
@@ -284,78 +315,86 @@ bool UnitLink::AcceptVersion()
     view_.ShowUnitVersion(VersionCaptions(version_));
     if (!OutOfDate(version_))
         return true;
-    Report(messages::OutOfDateTitle, messages::OutOfDate);
-    DispErr(Success);
+    Refuse(messages::OutOfDateTitle, messages::OutOfDate);
     return false;
+}
+
+/// The stream ended with its link and nobody selected the operator's format.
+void UnitLink::ReturnToOperatorsFormat()
+{
+    const auto lost = std::exchange(lostStream_, std::nullopt);
+    if (!unitOnline_ || !lost || room_.CurrentFormat != lost->format || lost->format == lost->operatorsFormat)
+        return;
+    room_.CurrentFormat = lost->operatorsFormat;
+    Show(Changed::Of(Source::Poll, {field::Format}));
+    RetryFunction(UnitOp::SelectFormat);
 }
 
 // Upload and read-back
 
-void UnitLink::UploadToUnit(UploadSelector selector, UploadTrigger trigger)
+void UnitLink::UploadToUnit(UploadSelector selector, UploadTrigger trigger, bool moved)
 {
-    if (MayUpload(trigger)) {
-        const LocalTime now = ConsoleTime();
-        StampUnitClock(settings_.Audio, now, IsPm(now));
-        if (selector == UploadSelector::Both || selector == UploadSelector::SystemOnly)
-            RetryFunction(UnitOp::SetSystem);
-        if (selector == UploadSelector::Both || selector == UploadSelector::AudioOnly)
-            RetryFunction(UnitOp::SetAudio);
-        view_.ShowDate();
-    }
-    view_.ShowSent();
+    const OneChange change(*this);
+    if (!MayUpload(trigger, moved))
+        return;
+    const LocalTime now = ConsoleTime();
+    StampUnitClock(room_.Audio, now, IsPm(now));
+    if (selector == UploadSelector::Both || selector == UploadSelector::SystemOnly)
+        RetryFunction(UnitOp::SetSystem);
+    if (selector == UploadSelector::Both || selector == UploadSelector::AudioOnly)
+        RetryFunction(UnitOp::SetAudio);
+    view_.Show({Source::Upload});
 }
 
-bool UnitLink::MayUpload(UploadTrigger trigger)
+bool UnitLink::MayUpload(UploadTrigger trigger, bool moved)
 {
     if (!unitOnline_ || yielding_)
         return false;
-    const Preferences &options = settings_.Options;
-    switch (trigger) {
-    case UploadTrigger::AfterEdit:
-        return options.AutoUpload && !settings_.Updating;
-    case UploadTrigger::Explicit:
-        return !options.ConfirmUpload || options.AutoUpload ||
-               Ask(messages::ConfirmUploadTitle, messages::ConfirmUpload);
-    case UploadTrigger::Unasked:
+    switch (PassageOf({trigger, options_.AutoUpload, Updating, moved, options_.ConfirmUpload})) {
+    case Passage::Closed:
+        return false;
+    case Passage::AskFirst:
+        return ShowBox(LinkBox::YesOrNo, messages::ConfirmUploadTitle, messages::ConfirmUpload);
+    case Passage::Open:
         return true;
     }
-    return true;
+    return false;
 }
 
-void UnitLink::ShowSettings()
+bool UnitLink::ShowSettings(Source source)
 {
-    for (const UnitOp read :
-         {UnitOp::GetAudio, UnitOp::GetSystem, UnitOp::GetMute, UnitOp::GetVol, UnitOp::GetFormat})
-        RetryFunction(read);
-    // After a lost link this still brings the controls into line with what was read before.
-    const FlagGuard fromUnit(settings_.Updating);
-    view_.ReflectMuteStatus();
-    view_.ReflectModeStatus();
-    view_.ReflectVolumeLevel(true);
-    ApplyUnitSystemSettings();
-    ApplyUnitAudioSettings();
-    view_.ShowSent();
+    const OneChange change(*this);
+    const bool read = ReadRecords();
+    for (const UnitOp live : {UnitOp::GetMute, UnitOp::GetVol, UnitOp::GetFormat})
+        RetryFunction(live);
+    if (read)
+        Show(Changed::Unit(source));
+    return read;
 }
 
-void UnitLink::ApplyUnitSystemSettings()
+/// Both or none: half a unit's settings beside half a screen's are nobody's.
+bool UnitLink::ReadRecords()
 {
-    view_.ShowSystemSettings();
-}
-
-void UnitLink::ApplyUnitAudioSettings()
-{
-    TakeObeFromAudio(settings_);
-    view_.ShowAudioSettings();
+    const AudioBlock audio = room_.Audio;
+    const SystemBlock system = room_.System;
+    const UnitHolds holds = holds_;
+    bool read = true;
+    for (const UnitOp record : {UnitOp::GetAudio, UnitOp::GetSystem}) {
+        const bool called = unitOnline_ && !yielding_;
+        read = RetryFunction(record) == Success && called && read;
+    }
+    if (!read) {
+        room_.Audio = audio;
+        room_.System = system;
+        holds_ = holds;
+    }
+    return read;
 }
 
 void UnitLink::Update()
 {
-    if (InCall() || !unitOnline_)
-        return;
-    ShowSettings();
-    view_.LoadChannelData();
-    if (unitOnline_)
-        view_.ShowSettingsFromUnit();
+    if (!InCall() && unitOnline_)
+        ShowSettings(Source::Update);
 }
 
 // Timers
@@ -370,6 +409,7 @@ void UnitLink::PollTick()
 {
     if (InCall() || !unitOnline_)
         return;
+    const OneChange change(*this);
     const FlagGuard polling(pollActive_);
     RetryFunction(UnitOp::GetFormat);
     RetryFunction(UnitOp::GetMute);
@@ -378,16 +418,26 @@ void UnitLink::PollTick()
 
 void UnitLink::RefreshTick(bool mayRead)
 {
-    if (InCall() || !unitOnline_ || settings_.Options.AutoRefresh != 1)
+    if (InCall() || !unitOnline_ || !options_.AutoRefresh)
         return;
     ++refreshCounter_;
-    if (mayRead && refreshCounter_ >= settings_.Options.RefreshSeconds) {
+    if (mayRead && refreshCounter_ >= options_.RefreshSeconds) {
         Update();
         refreshCounter_ = 0;
     }
 }
 
-// Optical reads and test signals
+std::optional<int> UnitLink::Differences() const
+{
+    if (!forcedFormat_)
+        return CountDifferences(room_, holds_);
+    // The unit is meant to hold the stream's format; the operator's waits.
+    RoomSettings meant = room_;
+    meant.CurrentFormat = *forcedFormat_;
+    return CountDifferences(meant, holds_);
+}
+
+// Optical reads
 
 template <class Read>
 Status UnitLink::ReadStream(Read read)
@@ -397,6 +447,8 @@ Status UnitLink::ReadStream(Read read)
     const Status status = read();
     if (status != Success)
         DispErr(status);
+    else if (lamp_ == LinkState::InDoubt)
+        SetConnectStatus(LinkState::OnLine);
     return status;
 }
 
@@ -413,20 +465,6 @@ Status UnitLink::ReadSlitLoss(std::span<Byte, SlitLossBytes> sample, Word &side)
 Status UnitLink::ReadAzimuth(std::span<Byte, AzimuthBytes> frame)
 {
     return ReadStream([&] { return library_.GetOptAzimuth(frame); });
-}
-
-void UnitLink::SwitchOffTestSignals()
-{
-    for (Word channel = 0; channel < ChannelCount; ++channel) {
-        if (holds_.Pink[channel])
-            RetryFunction(UnitOp::SetPink, channel, False);
-    }
-    for (Word channel = 0; channel < ChannelCount; ++channel) {
-        if (holds_.Inverted[channel])
-            RetryFunction(UnitOp::SetPhase, channel, False);
-    }
-    if (holds_.RT60)
-        RetryFunction(UnitOp::SetRT60, 0, False);
 }
 
 // The clock

@@ -192,8 +192,8 @@ TEST_CASE("a file that the user may not read or write, or a folder that he may n
     REQUIRE(chmod(folder.Path("closed").c_str(), 0555) == 0);
 
     CHECK(AsPlainUser([&] {
-        Settings settings;
-        return FailsWith(LoadConfigFile(folder.Path("secret.zcf"), settings), EACCES);
+        RoomSettings room;
+        return FailsWith(LoadConfigFile(folder.Path("secret.zcf"), room), EACCES);
     }));
     CHECK(AsPlainUser([&] { return FailsWith(WriteWhole(folder.Path("guarded.zcf"), "new"), EACCES); }));
     CHECK(AsPlainUser([&] { return FailsWith(WriteWhole(folder.Path("closed/a.zcf"), "new"), EACCES); }));

@@ -1,7 +1,6 @@
 #include "files/configfile.h"
 
 #include "support/samplefile.h"
-#include "support/settingstext.h"
 
 #include <algorithm>
 #include <doctest/doctest.h>
@@ -30,12 +29,12 @@ std::string WithLineEnds(std::string bytes, const std::string &end)
 void CheckRefused(const std::string &bytes)
 {
     CAPTURE(bytes);
-    Settings settings;
-    ResetAll(settings);
-    settings.TheaterInfo[0] = "before";
-    const std::string before = Everything(settings);
-    CHECK_FALSE(ParseConfig(bytes, settings));
-    CHECK(Everything(settings) == before);
+    RoomSettings room;
+    ResetAll(room);
+    room.TheaterInfo[0] = "before";
+    const RoomSettings before = room;
+    CHECK_FALSE(ParseConfig(bytes, room));
+    CHECK(room == before);
 }
 
 } // namespace
@@ -47,33 +46,33 @@ TEST_CASE("a saved file has these bytes, every line ended by CR LF, numbers join
 
 TEST_CASE("a file brings back every value that it stores")
 {
-    Settings settings;
-    REQUIRE(ParseConfig(SampleFile, settings));
-    CHECK(ComposeConfig(settings) == SampleFile);
-    CHECK(settings.CurrentFormat == 4);
-    CHECK(settings.FaderLevel == 65);
-    CHECK(settings.MuteState == -1);
-    CHECK(BytesOf(settings.System)[0] == 2);
-    CHECK(ReaderDelayIndex(settings.System) == 300);
-    CHECK(BytesOf(settings.System)[29] == 255);
-    CHECK(BytesOf(settings.System)[30] == 4);
-    CHECK(BytesOf(settings.Audio)[6 + 5] == 24);            // trim of the subwoofer
-    CHECK(BytesOf(settings.Audio)[12 + 30 + 8] == 9);       // last octave band of Left Surround
-    CHECK(BytesOf(settings.Audio)[12 + 4 * 30 + 26] == 5);  // 16 kHz of Right
-    CHECK(BytesOf(settings.Audio)[12 + 5 * 30 + 2] == 7);   // `SubFreq`
-    CHECK(BytesOf(settings.Audio)[12 + 2 * 30 + 27] == 2);  // bass of Center
-    CHECK(BytesOf(settings.Audio)[12 + 2 * 30 + 28] == 18); // treble of Center
-    CHECK(settings.TheaterInfo == SampleSettings().TheaterInfo);
+    RoomSettings room;
+    REQUIRE(ParseConfig(SampleFile, room));
+    CHECK(ComposeConfig(room) == SampleFile);
+    CHECK(room.CurrentFormat == 4);
+    CHECK(room.FaderLevel == 65);
+    CHECK(room.MuteState == -1);
+    CHECK(BytesOf(room.System)[0] == 2);
+    CHECK(ReaderDelayIndex(room.System) == 300);
+    CHECK(BytesOf(room.System)[29] == 255);
+    CHECK(BytesOf(room.System)[30] == 4);
+    CHECK(BytesOf(room.Audio)[6 + 5] == 24);            // trim of the subwoofer
+    CHECK(BytesOf(room.Audio)[12 + 30 + 8] == 9);       // last octave band of Left Surround
+    CHECK(BytesOf(room.Audio)[12 + 4 * 30 + 26] == 5);  // 16 kHz of Right
+    CHECK(BytesOf(room.Audio)[12 + 5 * 30 + 2] == 7);   // `SubFreq`
+    CHECK(BytesOf(room.Audio)[12 + 2 * 30 + 27] == 2);  // bass of Center
+    CHECK(BytesOf(room.Audio)[12 + 2 * 30 + 28] == 18); // treble of Center
+    CHECK(room.TheaterInfo == SampleSettings().TheaterInfo);
 }
 
 TEST_CASE("bytes that a file does not store keep what the records held before")
 {
-    Settings settings;
-    std::ranges::fill(BytesOf(settings.Audio), Byte(0xA5));
-    std::ranges::fill(BytesOf(settings.System), Byte(0x5A));
-    REQUIRE(ParseConfig(SampleFile, settings));
+    RoomSettings room;
+    std::ranges::fill(BytesOf(room.Audio), Byte(0xA5));
+    std::ranges::fill(BytesOf(room.System), Byte(0x5A));
+    REQUIRE(ParseConfig(SampleFile, room));
 
-    const auto audio = BytesOf(settings.Audio);
+    const auto audio = BytesOf(room.Audio);
     const auto kept = [&](std::size_t first, std::size_t last) {
         return std::all_of(audio.begin() + long(first), audio.begin() + long(last) + 1,
                            [](Byte byte) { return byte == 0xA5; });
@@ -85,45 +84,7 @@ TEST_CASE("bytes that a file does not store keep what the records held before")
     CHECK(kept(12 + 150 + 3, 12 + 150 + 26)); // beyond the three bytes of the Subwoofer
     CHECK(kept(194, 223));
     for (const int offset : {2, 7, 9, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 31, 127})
-        CHECK(BytesOf(settings.System)[std::size_t(offset)] == 0x5A);
-}
-
-TEST_CASE("after a load the OBE switch and its remembered frequency follow the file")
-{
-    Settings settings;
-    REQUIRE(ParseConfig(SampleFile, settings));
-    CHECK(settings.ObeEnabled);
-    CHECK(settings.ObeMode == 6);
-    REQUIRE(ParseConfig(Changed("24,6\r\n", "24,0\r\n"), settings));
-    CHECK_FALSE(settings.ObeEnabled);
-    CHECK(settings.ObeMode == 1);
-}
-
-TEST_CASE("while an optical stream runs, the loaded format waits for its end and the operator's is saved")
-{
-    Settings settings = SampleSettings();
-    settings.CurrentFormat = 1;
-    settings.FormatBeforeStream = Word(4);
-    CHECK(ComposeConfig(settings) == SampleFile);
-
-    REQUIRE(ParseConfig(Changed("4,65,-1", "2,65,-1"), settings));
-    CHECK(settings.CurrentFormat == 1);
-    CHECK(settings.FormatBeforeStream == Word(2));
-}
-
-TEST_CASE("a load leaves file name, flags and preferences to its caller")
-{
-    Settings settings;
-    settings.CurrentFileName = "name";
-    settings.SettingsChanged = true;
-    settings.BaudIndex = 2;
-    settings.Options.ComPort = 3;
-    REQUIRE(ParseConfig(SampleFile, settings));
-    CHECK(settings.CurrentFileName == "name");
-    CHECK(settings.SettingsChanged);
-    CHECK_FALSE(settings.FileLoaded);
-    CHECK(settings.BaudIndex == 2);
-    CHECK(settings.Options.ComPort == 3);
+        CHECK(BytesOf(room.System)[std::size_t(offset)] == 0x5A);
 }
 
 TEST_CASE("lines may end in CR LF or LF, with blanks around every value")
@@ -138,9 +99,9 @@ TEST_CASE("lines may end in CR LF or LF, with blanks around every value")
     };
     for (const std::string &each : bytes) {
         CAPTURE(each);
-        Settings settings;
-        CHECK(ParseConfig(each, settings));
-        CHECK(ComposeConfig(settings) == SampleFile);
+        RoomSettings room;
+        CHECK(ParseConfig(each, room));
+        CHECK(ComposeConfig(room) == SampleFile);
     }
 }
 
@@ -149,21 +110,21 @@ TEST_CASE("what follows the last line is ignored, whatever it is")
     for (const std::string more : {"\r\n \t\r\n\n", "\x1A", "\r\n\x1A\r\n", "0\r\n",
                                    "\"a later version's line\"\r\n", "no line end", "\xFF\xFE"}) {
         CAPTURE(more);
-        Settings settings;
-        REQUIRE(ParseConfig(SampleFile + more, settings));
-        CHECK(ComposeConfig(settings) == SampleFile);
+        RoomSettings room;
+        REQUIRE(ParseConfig(SampleFile + more, room));
+        CHECK(ComposeConfig(room) == SampleFile);
     }
-    Settings settings;
-    REQUIRE(ParseConfig(SampleFile + SampleFile, settings));
-    CHECK(ComposeConfig(settings) == SampleFile);
+    RoomSettings room;
+    REQUIRE(ParseConfig(SampleFile + SampleFile, room));
+    CHECK(ComposeConfig(room) == SampleFile);
 }
 
 TEST_CASE("a byte order mark before the first line is ignored, and nowhere else")
 {
     const std::string mark = "\xEF\xBB\xBF";
-    Settings settings;
-    REQUIRE(ParseConfig(mark + SampleFile, settings));
-    CHECK(ComposeConfig(settings) == SampleFile);
+    RoomSettings room;
+    REQUIRE(ParseConfig(mark + SampleFile, room));
+    CHECK(ComposeConfig(room) == SampleFile);
     CheckRefused(mark + mark + SampleFile);
     CheckRefused(" " + mark + SampleFile);
     CheckRefused(mark.substr(0, 2) + SampleFile);
@@ -173,33 +134,33 @@ TEST_CASE("a byte order mark before the first line is ignored, and nowhere else"
 
 TEST_CASE("a text runs from the first quote of its line to the last")
 {
-    Settings settings;
-    REQUIRE(ParseConfig(Changed("\"A7\"", "\"\"\"\""), settings));
-    CHECK(settings.TheaterInfo[0] == "\"\"");
-    REQUIRE(ParseConfig(Changed("\"A7\"", "\" a \"b\" \""), settings));
-    CHECK(settings.TheaterInfo[0] == " a \"b\" ");
+    RoomSettings room;
+    REQUIRE(ParseConfig(Changed("\"A7\"", "\"\"\"\""), room));
+    CHECK(room.TheaterInfo[0] == "\"\"");
+    REQUIRE(ParseConfig(Changed("\"A7\"", "\" a \"b\" \""), room));
+    CHECK(room.TheaterInfo[0] == " a \"b\" ");
 }
 
 TEST_CASE("control characters never reach a file or the settings")
 {
-    Settings settings = SampleSettings();
-    settings.TheaterInfo[0] = std::string("\tA\r\n\x7F\x01", 6) + '\0' + "\xC2\x85\xC2\x9F" + "7";
-    CHECK(ComposeConfig(settings) == SampleFile);
+    RoomSettings room = SampleSettings();
+    room.TheaterInfo[0] = std::string("\tA\r\n\x7F\x01", 6) + '\0' + "\xC2\x85\xC2\x9F" + "7";
+    CHECK(ComposeConfig(room) == SampleFile);
     REQUIRE(ParseConfig(Changed("\"A7\"", "\"A\t\r\x1F\xC2\x80"
                                           "7\""),
-                        settings));
-    CHECK(settings.TheaterInfo[0] == "A7");
-    settings.TheaterInfo[0] = "\xC2\xA0\xC3\x80"; // the characters right after the controls stay
-    REQUIRE(ParseConfig(ComposeConfig(settings), settings));
-    CHECK(settings.TheaterInfo[0] == "\xC2\xA0\xC3\x80");
+                        room));
+    CHECK(room.TheaterInfo[0] == "A7");
+    room.TheaterInfo[0] = "\xC2\xA0\xC3\x80"; // the characters right after the controls stay
+    REQUIRE(ParseConfig(ComposeConfig(room), room));
+    CHECK(room.TheaterInfo[0] == "\xC2\xA0\xC3\x80");
 }
 
 TEST_CASE("a file that is not valid UTF-8 is read as Windows-1252")
 {
-    Settings settings;
+    RoomSettings room;
     const std::string last = "\"M\xC3\xBCller, ok\"";
-    REQUIRE(ParseConfig(Changed(last, "\"M\xFCller \x80 \x99 \x9F\x81\xFF\""), settings));
-    CHECK(settings.TheaterInfo[10] == "Müller € ™ Ÿÿ"); // 81 stands for nothing
+    REQUIRE(ParseConfig(Changed(last, "\"M\xFCller \x80 \x99 \x9F\x81\xFF\""), room));
+    CHECK(room.TheaterInfo[10] == "Müller € ™ Ÿÿ"); // 81 stands for nothing
 }
 
 TEST_CASE("what only looks like UTF-8 is read as Windows-1252")
@@ -217,30 +178,30 @@ TEST_CASE("what only looks like UTF-8 is read as Windows-1252")
     };
     for (const char *const each : bad) {
         CAPTURE(each);
-        Settings settings;
-        REQUIRE(ParseConfig(Changed("\"A7\"", std::string("\"\xFC") + each + "\""), settings));
-        const std::string asWindows = settings.TheaterInfo[0];
-        REQUIRE(ParseConfig(Changed("\"A7\"", std::string("\"ü") + each + "\""), settings));
-        CHECK(settings.TheaterInfo[0] == "Ã¼" + asWindows.substr(2));
+        RoomSettings room;
+        REQUIRE(ParseConfig(Changed("\"A7\"", std::string("\"\xFC") + each + "\""), room));
+        const std::string asWindows = room.TheaterInfo[0];
+        REQUIRE(ParseConfig(Changed("\"A7\"", std::string("\"ü") + each + "\""), room));
+        CHECK(room.TheaterInfo[0] == "Ã¼" + asWindows.substr(2));
     }
-    Settings settings;
-    REQUIRE(ParseConfig(Changed("\"A7\"", "\"ü ࠀ ퟿ 𐀀 \xF4\x8F\xBF\xBF\""), settings));
-    CHECK(settings.TheaterInfo[0] == "ü ࠀ ퟿ 𐀀 \xF4\x8F\xBF\xBF");
+    RoomSettings room;
+    REQUIRE(ParseConfig(Changed("\"A7\"", "\"ü ࠀ ퟿ 𐀀 \xF4\x8F\xBF\xBF\""), room));
+    CHECK(room.TheaterInfo[0] == "ü ࠀ ퟿ 𐀀 \xF4\x8F\xBF\xBF");
 }
 
 TEST_CASE("the ends of every range are taken")
 {
-    Settings settings;
-    REQUIRE(ParseConfig(Changed("4,65,-1", "0,0,-32768"), settings));
-    CHECK(settings.CurrentFormat == 0);
-    CHECK(settings.FaderLevel == 0);
-    CHECK(settings.MuteState == -32768);
-    REQUIRE(ParseConfig(Changed("4,65,-1", "5,99,32767"), settings));
-    CHECK(settings.CurrentFormat == 5);
-    CHECK(settings.FaderLevel == 99);
-    CHECK(settings.MuteState == 32767);
-    REQUIRE(ParseConfig(Changed("2,1,3", "0,255,0"), settings));
-    CHECK(settings.System.DisableMatrix == 255);
+    RoomSettings room;
+    REQUIRE(ParseConfig(Changed("4,65,-1", "0,0,-32768"), room));
+    CHECK(room.CurrentFormat == 0);
+    CHECK(room.FaderLevel == 0);
+    CHECK(room.MuteState == -32768);
+    REQUIRE(ParseConfig(Changed("4,65,-1", "5,99,32767"), room));
+    CHECK(room.CurrentFormat == 5);
+    CHECK(room.FaderLevel == 99);
+    CHECK(room.MuteState == 32767);
+    REQUIRE(ParseConfig(Changed("2,1,3", "0,255,0"), room));
+    CHECK(room.System.DisableMatrix == 255);
 }
 
 TEST_CASE("a value out of its range is refused")
@@ -283,17 +244,17 @@ TEST_CASE("another header is refused")
 
 TEST_CASE("a unit's fader or format that no file may hold is saved as the nearest one that loads")
 {
-    Settings settings = SampleSettings();
-    settings.FaderLevel = 120;
-    settings.CurrentFormat = -3;
-    REQUIRE(ParseConfig(ComposeConfig(settings), settings));
-    CHECK(settings.FaderLevel == 99);
-    CHECK(settings.CurrentFormat == 0);
-    settings.FaderLevel = -1;
-    settings.CurrentFormat = 6;
-    REQUIRE(ParseConfig(ComposeConfig(settings), settings));
-    CHECK(settings.FaderLevel == 0);
-    CHECK(settings.CurrentFormat == 5);
+    RoomSettings room = SampleSettings();
+    room.FaderLevel = 120;
+    room.CurrentFormat = -3;
+    REQUIRE(ParseConfig(ComposeConfig(room), room));
+    CHECK(room.FaderLevel == 99);
+    CHECK(room.CurrentFormat == 0);
+    room.FaderLevel = -1;
+    room.CurrentFormat = 6;
+    REQUIRE(ParseConfig(ComposeConfig(room), room));
+    CHECK(room.FaderLevel == 0);
+    CHECK(room.CurrentFormat == 5);
 }
 
 TEST_CASE("a file cut anywhere is refused, but for its last line end")
@@ -306,23 +267,23 @@ TEST_CASE("a file with any byte changed is either refused whole or a whole load 
 {
     using namespace std::string_literals;
     const std::string values = "\0\t\n\r \"+,-./059:Az\x7F\x80\xC3\xBC\xFF"s;
-    const Settings before = SampleSettings();
-    const std::string untouched = Everything(before);
+    const RoomSettings before = SampleSettings();
+    const RoomSettings untouched = before;
     int loads = 0;
     int refusals = 0;
     for (std::size_t at = 0; at < SampleFile.size(); ++at)
         for (const char value : values) {
             std::string bytes = SampleFile;
             bytes[at] = value;
-            Settings settings = before;
-            if (!ParseConfig(bytes, settings)) {
-                REQUIRE(Everything(settings) == untouched);
+            RoomSettings room = before;
+            if (!ParseConfig(bytes, room)) {
+                REQUIRE(room == untouched);
                 ++refusals;
                 continue;
             }
-            Settings again = before;
-            REQUIRE(ParseConfig(ComposeConfig(settings), again));
-            REQUIRE(Everything(again) == Everything(settings));
+            RoomSettings again = before;
+            REQUIRE(ParseConfig(ComposeConfig(room), again));
+            REQUIRE(again == room);
             ++loads;
         }
     CHECK(loads > 0);
@@ -334,26 +295,25 @@ TEST_CASE("an old file is both records and nothing else; live values and texts s
     std::string bytes;
     for (int at = 0; at < 352; ++at)
         bytes += char(at % 251);
-    Settings settings = SampleSettings();
-    REQUIRE(ParseOldConfig(bytes, settings));
+    RoomSettings room = SampleSettings();
+    REQUIRE(ParseOldConfig(bytes, room));
     for (std::size_t at = 0; at < 128; ++at)
-        CHECK(BytesOf(settings.System)[at] == at);
+        CHECK(BytesOf(room.System)[at] == at);
     for (std::size_t at = 0; at < 224; ++at)
-        CHECK(BytesOf(settings.Audio)[at] == (at + 128) % 251);
-    CHECK(settings.FaderLevel == 65);
-    CHECK(settings.MuteState == -1);
-    CHECK(settings.CurrentFormat == 4);
-    CHECK(settings.TheaterInfo == SampleSettings().TheaterInfo);
-    CHECK(settings.ObeEnabled); // offset 128 + 193 of the file is 321, and 321 - 251 is 70
-    CHECK(settings.ObeMode == 70);
+        CHECK(BytesOf(room.Audio)[at] == (at + 128) % 251);
+    CHECK(room.FaderLevel == 65);
+    CHECK(room.MuteState == -1);
+    CHECK(room.CurrentFormat == 4);
+    CHECK(room.TheaterInfo == SampleSettings().TheaterInfo);
+    CHECK(room.Audio.ObeFreq == 70); // offset 128 + 193 of the file is 321, and 321 - 251 is 70
 }
 
 TEST_CASE("an old file of any other length is refused")
 {
     for (const int length : {0, 1, 128, 351, 353, 704}) {
-        Settings settings = SampleSettings();
-        const std::string before = Everything(settings);
-        CHECK_FALSE(ParseOldConfig(std::string(std::size_t(length), '\0'), settings));
-        CHECK(Everything(settings) == before);
+        RoomSettings room = SampleSettings();
+        const RoomSettings before = room;
+        CHECK_FALSE(ParseOldConfig(std::string(std::size_t(length), '\0'), room));
+        CHECK(room == before);
     }
 }

@@ -30,7 +30,7 @@ std::string Example(const std::string &kind)
 TEST_CASE("the page's .zcf is what the console writes, and means what the page says")
 {
     const std::string file = Example("zcf");
-    Settings room;
+    RoomSettings room;
     REQUIRE(ParseConfig(file, room));
     CHECK(ComposeConfig(room) == file);
 

@@ -2,7 +2,6 @@
 #include "files/preferencesfile.h"
 
 #include "support/samplefile.h"
-#include "support/settingstext.h"
 #include "support/testfolder.h"
 
 #include <doctest/doctest.h>
@@ -16,11 +15,10 @@ namespace {
 FileFailure Refusal(const std::string &path)
 {
     CAPTURE(path);
-    Settings settings = SampleSettings();
-    settings.CurrentFileName = "before";
-    const std::string before = Everything(settings);
-    const auto failure = LoadConfigFile(path, settings);
-    CHECK(Everything(settings) == before);
+    RoomSettings room = SampleSettings();
+    const RoomSettings before = room;
+    const auto failure = LoadConfigFile(path, room);
+    CHECK(room == before);
     REQUIRE(failure);
     return *failure;
 }
@@ -40,14 +38,12 @@ TEST_CASE("what was saved is loaded again, and the file is always in the new for
 {
     const TestFolder folder;
     for (const std::string name : {"a.zcf", "b.cfg", "c.CFG", "Odeon", "temp.qm4"}) {
-        Settings saved = SampleSettings();
-        saved.CurrentFileName = folder.Path(name);
-        REQUIRE_FALSE(SaveConfigFile(saved));
+        RoomSettings saved = SampleSettings();
+        REQUIRE_FALSE(SaveConfigFile(folder.Path(name), saved));
         CHECK(folder.Get(name) == SampleFile);
-        Settings loaded;
+        RoomSettings loaded;
         REQUIRE_FALSE(LoadConfigFile(folder.Path(name), loaded));
         CHECK(ComposeConfig(loaded) == SampleFile);
-        CHECK(loaded.CurrentFileName.empty());
     }
 }
 
@@ -56,16 +52,15 @@ TEST_CASE("an old file is known by its name ending in .cfg, in small letters")
     const TestFolder folder;
     for (const std::string name : {"a.cfg", "a.CFG", "a.Cfg", "a.zcf", "acfg"})
         folder.Put(name, OldFile());
-    Settings settings = SampleSettings();
-    REQUIRE_FALSE(LoadConfigFile(folder.Path("a.cfg"), settings));
-    CHECK(settings.System.F1KeyMode == 3);
-    CHECK(settings.Audio.ChannelTrim[Left] == 17);
-    CHECK(settings.ObeEnabled);
-    CHECK(settings.ObeMode == 2);
-    CHECK(settings.FaderLevel == 65);
-    CHECK(settings.MuteState == -1);
-    CHECK(settings.CurrentFormat == 4);
-    CHECK(settings.TheaterInfo == SampleSettings().TheaterInfo);
+    RoomSettings room = SampleSettings();
+    REQUIRE_FALSE(LoadConfigFile(folder.Path("a.cfg"), room));
+    CHECK(room.System.F1KeyMode == 3);
+    CHECK(room.Audio.ChannelTrim[Left] == 17);
+    CHECK(room.Audio.ObeFreq == 2);
+    CHECK(room.FaderLevel == 65);
+    CHECK(room.MuteState == -1);
+    CHECK(room.CurrentFormat == 4);
+    CHECK(room.TheaterInfo == SampleSettings().TheaterInfo);
     for (const std::string name : {"a.CFG", "a.Cfg", "a.zcf", "acfg"})
         CHECK(Refusal(folder.Path(name)).wrongFormat);
 }
@@ -80,9 +75,9 @@ TEST_CASE("an old name with the new header is the new format, good or bad")
     CHECK(Refusal(folder.Path("other.cfg")).wrongFormat);
     for (const std::string before : {"", "\xEF\xBB\xBF"}) {
         folder.Put("new.cfg", before + SampleFile);
-        Settings settings;
-        REQUIRE_FALSE(LoadConfigFile(folder.Path("new.cfg"), settings));
-        CHECK(ComposeConfig(settings) == SampleFile);
+        RoomSettings room;
+        REQUIRE_FALSE(LoadConfigFile(folder.Path("new.cfg"), room));
+        CHECK(ComposeConfig(room) == SampleFile);
     }
 }
 
@@ -106,9 +101,9 @@ TEST_CASE("empty files, short and long old files and 10 MB of noise are the wron
         CHECK(Refusal(folder.Path(name)).wrongFormat);
 
     folder.Put("somenoise.zcf", SampleFile + noise.substr(0, 1000));
-    Settings settings;
-    REQUIRE_FALSE(LoadConfigFile(folder.Path("somenoise.zcf"), settings));
-    CHECK(ComposeConfig(settings) == SampleFile);
+    RoomSettings room;
+    REQUIRE_FALSE(LoadConfigFile(folder.Path("somenoise.zcf"), room));
+    CHECK(ComposeConfig(room) == SampleFile);
 }
 
 TEST_CASE("a folder or a missing file is told by its reason, not as a wrong format")

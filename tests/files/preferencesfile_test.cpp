@@ -10,7 +10,7 @@ const Preferences Chosen{.ComPort = 3,
                          .AutoUpload = true,
                          .ConfirmUpload = false,
                          .Shortcuts = true,
-                         .AutoRefresh = 1,
+                         .AutoRefresh = true,
                          .RefreshSeconds = 600};
 
 } // namespace
@@ -48,7 +48,7 @@ TEST_CASE("the first value that cannot be read ends the reading; the defaults st
         if (count > 3)
             options.Shortcuts = true;
         if (count > 4)
-            options.AutoRefresh = 1;
+            options.AutoRefresh = true;
         if (count > 5)
             options.RefreshSeconds = 600;
         return options;
@@ -76,9 +76,14 @@ TEST_CASE("a port outside 1 to 4 is port 1, and the reading goes on")
     CHECK(ParsePreferences("4\r\n").ComPort == 4);
 }
 
-TEST_CASE("automatic refresh takes any word")
+TEST_CASE("automatic refresh is on at 1 alone, and any other word is off")
 {
-    const Preferences options = ParsePreferences("1\nFalse\nFalse\nFalse\n-1\n-32768\n");
-    CHECK(options.AutoRefresh == -1);
-    CHECK(options.RefreshSeconds == -32768);
+    for (const auto &[line, on] :
+         {std::pair("1", true), std::pair("0", false), std::pair("-1", false), std::pair("2", false)}) {
+        CAPTURE(line);
+        const Preferences options =
+            ParsePreferences("2\r\nTrue\r\nTrue\r\nTrue\r\n" + std::string(line) + "\r\n30\r\n");
+        CHECK(options.AutoRefresh == on);
+        CHECK(options.RefreshSeconds == 30);
+    }
 }

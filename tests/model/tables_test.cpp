@@ -78,12 +78,12 @@ TEST_CASE("the reader delay list has 397 quarters of a frame, 0.00 to 99.00")
     CHECK(texts.size() == 397);
 }
 
-TEST_CASE("the eleven theatre texts are labelled in their order")
+TEST_CASE("the eleven theatre texts are named in their order")
 {
-    CHECK(Entries(TheaterLabel) ==
-          Texts{"Circuit:", "Theater Name:", "Address:", "City:", "State / County:", "Zip Code:", "Phone:",
-                "S/N of Processor:", "Screen Number:", "Date Installed:", "Notes:"});
-    CHECK(std::string(TheaterLabel[TheaterName]) == "Theater Name:");
-    CHECK(std::string(TheaterLabel[DateInstalled]) == "Date Installed:");
-    CHECK(std::string(TheaterLabel[Notes]) == "Notes:");
+    CHECK(Entries(TheaterName) == Texts{"Circuit", "Theater Name", "Address", "City", "State / County",
+                                        "Zip Code", "Phone", "S/N of Processor", "Screen Number",
+                                        "Date Installed", "Notes"});
+    CHECK(std::string(TheaterName[NameOfTheater]) == "Theater Name");
+    CHECK(std::string(TheaterName[DateInstalled]) == "Date Installed");
+    CHECK(std::string(TheaterName[Notes]) == "Notes");
 }

@@ -47,7 +47,7 @@ constexpr LinkOperation About(UnitOp op)
     case UnitOp::SetSystem:
         return {op, Operation::SetSystem, "SetSystem", false};
     case UnitOp::SetProjector:
-        return {op, Operation::SetProjector, "SetProjector 1"};
+        return {op, Operation::SetProjector, "SetProjector 2"};
     case UnitOp::BeginGainStream:
         return {op, Operation::BeginGainStream, "BeginGainStream"};
     case UnitOp::BeginSlitStream:

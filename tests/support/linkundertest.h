@@ -18,12 +18,15 @@ namespace kelvo {
 /// pauses stand in one trace.
 struct LinkUnderTest {
     Trace trace;
-    Settings settings;
+    RoomSettings room;
+    Preferences options;
     SimulatedUnit unit;
     RecordingLibrary library{unit, trace};
-    RecordingView view{settings, trace};
+    RecordingView view{trace};
     TestClock clock{trace};
-    UnitLink link{settings, library, view, clock};
+    UnitLink link{room, options, library, view, clock};
+
+    LinkUnderTest() { view.link = &link; }
 
     /// What happened since the last look.
     Trace Happened() { return std::exchange(trace, {}); }
@@ -75,7 +78,7 @@ inline std::string ErrorBox(const std::string &lines)
 /// How `DispErr` ends a connection, after its box.
 inline Trace EndOfConnection()
 {
-    return {"lamp Off Line", "frames off", "DLLShutdown", "stop running stream"};
+    return {"lamp Off Line", "frames off", "DLLShutdown"};
 }
 
 } // namespace kelvo

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "model/settings.h"
 #include "support/recordinglibrary.h"
-#include "unit/linkview.h"
+#include "unit/unitlink.h"
 
 #include <functional>
 
@@ -12,79 +11,64 @@ namespace kelvo {
 /// `Updating` is clear, is marked "(handlers act)".
 class RecordingView : public LinkView {
   public:
-    RecordingView(const Settings &settings, Trace &trace) : settings_(settings), trace_(trace) {}
+    explicit RecordingView(Trace &trace) : trace_(trace) {}
 
-    bool answer = true;                          ///< to every question
-    std::function<void()> duringAttempt = [] {}; ///< what the event loop does when it runs once
-    std::function<void()> duringBox = [] {};     ///< what it does while a box is open
-    std::function<void()> onStopStream = [] {};
+    const UnitLink *link = nullptr;               ///< whose screen it is
+    bool answer = true;                           ///< to every question
+    std::function<void()> duringAttempt = [] {};  ///< what the event loop does when it runs once
+    std::function<void()> duringProgress = [] {}; ///< what it does while the progress dialog comes up
+    std::function<void()> duringBox = [] {};      ///< what it does while a box is open
+    std::function<void()> onOffLine = [] {};
     std::function<void()> onShowSent = [] {};
+    Changed lastChanged{Source::Edit};
 
     void ShowConnectStatus(LinkState state) override
     {
-        switch (state) {
-        case LinkState::OffLine:
-            return Write("lamp Off Line");
-        case LinkState::OnLine:
-            return Write("lamp On Line");
-        case LinkState::InDoubt:
-            return Write("lamp Data?");
-        }
+        constexpr std::array Captions{"lamp Off Line", "lamp On Line", "lamp Data?"};
+        Write(Captions[std::size_t(state)]);
+        if (state == LinkState::OffLine)
+            onOffLine();
     }
-    void RepaintWindow() override { Write("repaint"); }
     void EnableFrames(bool enable) override { Write(enable ? "frames on" : "frames off"); }
     void SetPolling(bool on) override { Write(on ? "poll timer on" : "poll timer off"); }
 
-    void ShowProgress(std::string_view caption) override { Write("progress: " + std::string(caption)); }
-    void ShowAttempt(int failures) override
+    void ShowProgress(std::string_view caption, int failures) override
     {
-        Write("attempt " + std::to_string(failures));
-        duringAttempt();
+        Write(failures == 0 ? "progress: " + std::string(caption) : "attempt " + std::to_string(failures));
+        failures == 0 ? duringProgress() : duringAttempt();
     }
-    void HideUnitVersion() override { Write("hide versions"); }
     void ShowUnitVersion(const std::array<std::string, 3> &lines) override
     {
-        Write("versions " + lines[0] + " | " + lines[1] + " | " + lines[2]);
+        Write(lines[0].empty() ? "hide versions"
+                               : "versions " + lines[0] + " | " + lines[1] + " | " + lines[2]);
     }
 
-    void ShowError(std::string_view title, std::string_view text) override
+    bool ShowBox(LinkBox kind, std::string_view title, std::string_view text) override
     {
-        Write("box " + std::string(title) + ": " + std::string(text));
-        duringBox();
-    }
-    bool Ask(std::string_view title, std::string_view text) override
-    {
-        Write("ask " + std::string(title) + ": " + std::string(text));
+        Write((kind == LinkBox::Report ? "box " : "ask ") + std::string(title) + ": " + std::string(text));
         duringBox();
         return answer;
     }
 
-    void ReflectModeStatus() override { WriteChange("reflect mode"); }
-    void ReflectMuteStatus() override { WriteChange("reflect mute"); }
-    void ReflectVolumeLevel(bool moveSlider) override
+    void Show(const Changed &changed) override
     {
-        WriteChange(moveSlider ? "reflect volume" : "reflect volume, slider left alone");
+        constexpr std::array Sources{"show edit",       "show date", "reflect",   "show update",
+                                     "show connection", "show file", "show reset"};
+        std::string line = Sources[std::size_t(changed.source)];
+        if (changed.source == Source::Poll)
+            ForEachField([&](FieldId id, const Field &field) {
+                if (changed.Has(id))
+                    line += std::string(" ") + field.name;
+            });
+        lastChanged = changed;
+        Write(changed.source == Source::Upload || link->Updating ? line : line + " (handlers act)");
     }
-    void ShowSystemSettings() override { WriteChange("show system"); }
-    void ShowAudioSettings() override { WriteChange("show audio"); }
-    void LoadChannelData() override { Write("load channel"); }
-    void ShowF1Format() override { Write("show F1 format"); }
-    void ShowSettingsFromUnit() override { Write("title CP Settings"); }
-    void ShowDate() override { Write("show date"); }
     void ShowSent() override { onShowSent(); }
-
     void StreamLock(bool locked) override { Write(locked ? "stream lock" : "no stream"); }
-    void StopRunningStream() override
-    {
-        Write("stop running stream");
-        onStopStream();
-    }
 
   private:
     void Write(const std::string &line) { trace_.push_back(line); }
-    void WriteChange(const std::string &line) { Write(settings_.Updating ? line : line + " (handlers act)"); }
 
-    const Settings &settings_;
     Trace &trace_;
 };
 

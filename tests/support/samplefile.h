@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/settings.h"
+#include "model/roomsettings.h"
 
 #include <string>
 
@@ -8,27 +8,27 @@ namespace kelvo {
 
 /// Settings in which every byte that a file stores has a value of its own kind, and the ".zcf" file that
 /// belongs to them, written down line by line.
-inline Settings SampleSettings()
+inline RoomSettings SampleSettings()
 {
-    Settings settings;
-    settings.CurrentFormat = 4;
-    settings.FaderLevel = 65;
-    settings.MuteState = True;
-    settings.System.F1KeyMode = 2;
-    settings.System.DisableMatrix = 1;
-    settings.System.NonsyncMode = 3;
-    settings.System.ReaderDelay = {1, 44};
-    settings.System.SurroundDelay = 7;
-    settings.System.stored8 = 81;
-    settings.System.stored10 = {101, 111, 121, 131};
-    settings.System.NonsyncTrim = 20;
-    settings.System.stored25 = {250, 251, 252, 253, 255};
-    settings.System.DefaultFormat = 4;
-    settings.Audio.ObeLevel = 24;
-    settings.Audio.ObeFreq = 6;
-    settings.Audio.ChannelTrim = {0, 1, 2, 3, 4, 24};
+    RoomSettings room;
+    room.CurrentFormat = 4;
+    room.FaderLevel = 65;
+    room.MuteState = True;
+    room.System.F1KeyMode = 2;
+    room.System.DisableMatrix = 1;
+    room.System.NonsyncMode = 3;
+    room.System.ReaderDelay = {1, 44};
+    room.System.SurroundDelay = 7;
+    room.System.stored8 = 81;
+    room.System.stored10 = {101, 111, 121, 131};
+    room.System.NonsyncTrim = 20;
+    room.System.stored25 = {250, 251, 252, 253, 255};
+    room.System.DefaultFormat = 4;
+    room.Audio.ObeLevel = 24;
+    room.Audio.ObeFreq = 6;
+    room.Audio.ChannelTrim = {0, 1, 2, 3, 4, 24};
     for (int channel = 0; channel < ChannelCount; ++channel) {
-        ChannelSlice &slice = settings.Audio.ChannelEq[std::size_t(channel)];
+        ChannelSlice &slice = room.Audio.ChannelEq[std::size_t(channel)];
         slice.BassLevel = Byte(channel);
         slice.TrebleLevel = Byte(20 - channel);
         for (std::size_t band = 0; band < BandCount; ++band)
@@ -36,11 +36,9 @@ inline Settings SampleSettings()
         for (int band = 0; band < EqualiserBytes(KindOf(channel)); ++band)
             slice.Band[std::size_t(band)] = Byte((band + channel) % 25);
     }
-    settings.TheaterInfo = {"A7",      "Odeon \"3\"", "1 High Street", "Paris",     "", "75001", "555-0100",
-                            "S/N, 42", "3",           "May 1",         "Müller, ok"};
-    settings.ObeEnabled = true;
-    settings.ObeMode = 6;
-    return settings;
+    room.TheaterInfo = {"A7",      "Odeon \"3\"", "1 High Street", "Paris",     "", "75001", "555-0100",
+                        "S/N, 42", "3",           "May 1",         "Müller, ok"};
+    return room;
 }
 
 inline const std::string SampleFile =

@@ -21,9 +21,7 @@ struct Writer {
 
 inline std::optional<FileFailure> WriteSample(const std::string &path, const FileCalls &calls)
 {
-    Settings settings = SampleSettings();
-    settings.CurrentFileName = path;
-    return SaveConfigFile(settings, calls);
+    return SaveConfigFile(path, SampleSettings(), calls);
 }
 
 inline std::optional<FileFailure> WriteChosenPort(const std::string &path, const FileCalls &calls)

@@ -101,8 +101,8 @@ TEST_CASE("a log is appended to, and a note is one line in it")
     LogUnderTest log;
     {
         CallLog writer(log.path);
-    SimulatedUnit &library = log.unit;
-    library.Attach(writer);
+        SimulatedUnit &library = log.unit;
+        library.Attach(writer);
         library.EnableOBE();
     }
     CallLog writer(log.path);

@@ -101,7 +101,7 @@ TEST_CASE("a good optical read fills the caller's record and shows nothing")
     };
     LinkUnderTest console;
     OneStream library(console.unit, console.trace);
-    UnitLink link(console.settings, library, console.view, console.clock);
+    UnitLink link(console.room, console.options, library, console.view, console.clock);
     link.RetryFunction(UnitOp::InitDLL);
     console.trace.clear();
     Readings readings;
@@ -112,39 +112,4 @@ TEST_CASE("a good optical read fills the caller's record and shows nothing")
     CHECK(readings.side == 1);
     CHECK(readings.azimuth[27] == 128);
     CHECK(console.Happened().empty());
-}
-
-TEST_CASE("what the console left running is switched off, and nothing else")
-{
-    ConnectedLink console;
-    console.link.SwitchOffTestSignals();
-    CHECK(console.Happened().empty());
-
-    console.link.RetryFunction(UnitOp::SetPink, Subwoofer, True);
-    console.link.RetryFunction(UnitOp::SetPink, Left, True);
-    console.link.RetryFunction(UnitOp::SetPink, Center, True);
-    console.link.RetryFunction(UnitOp::SetPink, Center, False);
-    console.link.RetryFunction(UnitOp::SetPhase, Right, True);
-    console.link.RetryFunction(UnitOp::SetRT60, 0, True);
-    console.trace.clear();
-    console.link.SwitchOffTestSignals();
-    CHECK(console.Happened() == Trace{"SetPink 0 0", "SetPink 5 0", "SetPhase 4 0", "SetRT60 0"});
-    console.link.SwitchOffTestSignals();
-    CHECK(console.Happened().empty());
-}
-
-TEST_CASE("a signal that was on when the link was lost is switched off after the next connection")
-{
-    ConnectedLink console;
-    console.link.RetryFunction(UnitOp::SetPink, Center, True);
-    console.link.RetryFunction(UnitOp::SetRT60, 0, True);
-    console.link.DispErr(1);
-    console.trace.clear();
-    console.link.SwitchOffTestSignals();
-    CHECK(console.Happened().empty());
-
-    CHECK(console.link.ConnectToUnit());
-    console.trace.clear();
-    console.link.SwitchOffTestSignals();
-    CHECK(console.Happened() == Trace{"SetPink 2 0", "SetRT60 0"});
 }

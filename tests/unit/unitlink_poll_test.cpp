@@ -4,9 +4,7 @@ using namespace kelvo;
 
 namespace {
 
-const Trace ReadBack{"GetAudio",    "GetSystem",    "GetMute",      "GetVol",
-                     "GetFormat",   "reflect mute", "reflect mode", "reflect volume",
-                     "show system", "show audio",   "load channel", "title CP Settings"};
+const Trace ReadBack{"GetAudio", "GetSystem", "GetMute", "GetVol", "GetFormat", "show update"};
 
 } // namespace
 
@@ -24,17 +22,17 @@ TEST_CASE("a poll shows what was turned at the unit, and no handler sends it bac
     console.unit.panel.mute = True;
     console.unit.panel.level = 12;
     console.link.PollTick();
-    CHECK(console.Happened() == Trace{"GetFormat", "reflect mode", "GetMute", "reflect mute", "repaint",
-                                      "GetVol", "reflect volume", "repaint"});
-    CHECK(console.settings.CurrentFormat == 5);
-    CHECK(console.settings.MuteState == True);
-    CHECK(console.settings.FaderLevel == 12);
+    CHECK(console.Happened() ==
+          Trace{"GetFormat", "reflect Format", "GetMute", "reflect Mute", "GetVol", "reflect Fader"});
+    CHECK(console.room.CurrentFormat == 5);
+    CHECK(console.room.MuteState == True);
+    CHECK(console.room.FaderLevel == 12);
 }
 
 TEST_CASE("off line neither timer calls the library, and the refresh counter stands")
 {
     LinkUnderTest console;
-    console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 1};
+    console.options = {.AutoRefresh = true, .RefreshSeconds = 1};
     console.link.PollTick();
     console.link.RefreshTick(true);
     CHECK(console.Happened().empty());
@@ -57,7 +55,7 @@ TEST_CASE("a poll leaves the busy flag alone, also in its report, and marks itse
 TEST_CASE("a failing poll gives one box and reads nothing more, whatever ticks while it is open")
 {
     ConnectedLink console;
-    console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 1};
+    console.options = {.AutoRefresh = true, .RefreshSeconds = 1};
     console.view.duringBox = [&] {
         console.link.PollTick();
         console.link.RefreshTick(true);
@@ -87,7 +85,7 @@ TEST_CASE("polling is switched through the screen's timer and known to the link"
 TEST_CASE("with a period of 10 the configuration is read on every tenth tick")
 {
     ConnectedLink console;
-    console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 10};
+    console.options = {.AutoRefresh = true, .RefreshSeconds = 10};
     for (int round = 0; round < 3; ++round) {
         for (int tick = 1; tick <= 9; ++tick) {
             console.link.RefreshTick(true);
@@ -103,7 +101,7 @@ TEST_CASE("with a period of 10 the configuration is read on every tenth tick")
 TEST_CASE("without \"Automatic Update\" nothing is counted")
 {
     ConnectedLink console;
-    console.settings.Options = {.AutoRefresh = 0, .RefreshSeconds = 1};
+    console.options = {.AutoRefresh = 0, .RefreshSeconds = 1};
     console.link.RefreshTick(true);
     CHECK(console.Happened().empty());
     CHECK(console.link.RefreshCounter() == 0);
@@ -112,7 +110,7 @@ TEST_CASE("without \"Automatic Update\" nothing is counted")
 TEST_CASE("a period that was never set reads on every tick")
 {
     ConnectedLink console;
-    console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 0};
+    console.options = {.AutoRefresh = true, .RefreshSeconds = 0};
     console.link.RefreshTick(true);
     CHECK(console.Happened() == ReadBack);
 }
@@ -120,11 +118,11 @@ TEST_CASE("a period that was never set reads on every tick")
 TEST_CASE("a period made shorter than what was counted reads at the next tick")
 {
     ConnectedLink console;
-    console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 32767};
+    console.options = {.AutoRefresh = true, .RefreshSeconds = 32767};
     for (int tick = 0; tick < 32766; ++tick)
         console.link.RefreshTick(true);
     CHECK(console.Happened().empty());
-    console.settings.Options.RefreshSeconds = 5;
+    console.options.RefreshSeconds = 5;
     console.link.RefreshTick(true);
     CHECK(console.Happened() == ReadBack);
 }
@@ -132,7 +130,7 @@ TEST_CASE("a period made shorter than what was counted reads at the next tick")
 TEST_CASE("ticks that fall into a call are not counted")
 {
     ConnectedLink console;
-    console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 10};
+    console.options = {.AutoRefresh = true, .RefreshSeconds = 10};
     console.unit.FailNext(Operation::GetUnitVersion, 1, 2);
     console.view.duringAttempt = [&] { console.link.RefreshTick(true); };
     console.link.RetryFunction(UnitOp::GetUnitVersion);
@@ -142,7 +140,7 @@ TEST_CASE("ticks that fall into a call are not counted")
 TEST_CASE("an automatic re-read that loses the link starts counting anew")
 {
     ConnectedLink console;
-    console.settings.Options = {.AutoRefresh = 1, .RefreshSeconds = 1};
+    console.options = {.AutoRefresh = true, .RefreshSeconds = 1};
     console.unit.FailNext(Operation::GetAudio, 16, 6);
     console.link.RefreshTick(true);
     CHECK(console.link.RefreshCounter() == 0);
@@ -163,12 +161,32 @@ TEST_CASE("Update off line does nothing")
     CHECK(console.Happened().empty());
 }
 
-TEST_CASE("an Update that loses the link leaves the title, and the screen shows the settings")
+TEST_CASE("an Update that loses the link after both records were read shows them")
 {
     ConnectedLink console;
+    console.unit.audio.ChannelTrim[Left] = 3;
     console.unit.FailNext(Operation::GetVol, 4, 6);
     console.link.Update();
-    const Trace happened = console.Happened();
-    CHECK(std::ranges::count(happened, "title CP Settings") == 0);
-    CHECK(happened.back() == "load channel");
+    CHECK(console.Happened().back() == "show update");
+    CHECK(console.room.Audio.ChannelTrim[Left] == 3);
+}
+
+TEST_CASE(
+    "an Update in which a record could not be read changes neither screen, settings nor what the unit holds")
+{
+    for (const Operation operation : {Operation::GetAudio, Operation::GetSystem})
+        for (const Status status : {StreamNotLocked, Status(8)}) {
+            CAPTURE(status);
+            ConnectedLink console;
+            console.room.Audio.ObeLevel ^= 1; // an edit that the unit does not hold
+            console.unit.audio.ChannelTrim[Left] = 3;
+            console.unit.system.NonsyncTrim = 9;
+            const RoomSettings before = console.room;
+            console.unit.FailNext(operation, status, 6);
+            console.link.Update();
+            CHECK(console.room == before);
+            CHECK(console.link.Differences() == 1);
+            CHECK(std::ranges::count(console.Happened(), "show update") == 0);
+            CHECK(console.link.UnitOnline() == (status == StreamNotLocked));
+        }
 }

@@ -163,7 +163,7 @@ TEST_CASE("the status of the closing DLLShutdown is ignored")
 TEST_CASE("nothing reaches the unit while a report is open: one failure is one box")
 {
     ConnectedLink console;
-    console.settings.Options = {.AutoUpload = true, .AutoRefresh = 1};
+    console.options = {.AutoUpload = true, .AutoRefresh = true};
     std::array<Byte, GainBytes> reading{};
     console.view.duringBox = [&] {
         CHECK(console.link.InCall());
@@ -183,7 +183,7 @@ TEST_CASE("nothing reaches the unit while a report is open: one failure is one b
 TEST_CASE("the handler that stops a running stream finds the link off line: its calls reach nothing")
 {
     ConnectedLink console;
-    console.view.onStopStream = [&] {
+    console.view.onOffLine = [&] {
         CHECK_FALSE(console.link.UnitOnline());
         console.link.RetryFunction(UnitOp::StopStream);
         console.link.RetryFunction(UnitOp::SelectFormat);

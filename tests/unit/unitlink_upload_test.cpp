@@ -14,9 +14,9 @@ TEST_CASE("off line an upload changes nothing, not even the clock bytes")
     for (UploadTrigger trigger :
          {UploadTrigger::Explicit, UploadTrigger::AfterEdit, UploadTrigger::Unasked}) {
         LinkUnderTest console;
-        console.settings.Options = {.AutoUpload = true};
+        console.options = {.AutoUpload = true};
         console.link.UploadToUnit(UploadSelector::Both, trigger);
-        CHECK(console.settings.Audio.UnitClock == std::array<Byte, 4>{});
+        CHECK(console.room.Audio.UnitClock == std::array<Byte, 4>{});
         CHECK(console.Happened().empty());
     }
 }
@@ -39,13 +39,13 @@ TEST_CASE("an upload after an edit goes only with \"Automatically Upload\" and o
             CAPTURE(automatic);
             CAPTURE(updating);
             ConnectedLink console;
-            const auto clockBefore = console.settings.Audio.UnitClock;
-            console.settings.Options = {.AutoUpload = automatic, .ConfirmUpload = true};
-            console.settings.Updating = updating;
+            const auto clockBefore = console.room.Audio.UnitClock;
+            console.options = {.AutoUpload = automatic, .ConfirmUpload = true};
+            console.link.Updating = updating;
             console.link.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::AfterEdit);
             const bool sent = automatic && !updating;
             CHECK(console.Happened() == (sent ? Trace{"SetAudio", "show date"} : Trace{}));
-            CHECK((console.settings.Audio.UnitClock != clockBefore) == sent);
+            CHECK((console.room.Audio.UnitClock != clockBefore) == sent);
         }
     }
 }
@@ -57,7 +57,7 @@ TEST_CASE("an explicit upload asks only with \"Confirm Message Box\" and without
             CAPTURE(automatic);
             CAPTURE(confirm);
             ConnectedLink console;
-            console.settings.Options = {.AutoUpload = automatic, .ConfirmUpload = confirm};
+            console.options = {.AutoUpload = automatic, .ConfirmUpload = confirm};
             console.link.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit);
             const bool asked = confirm && !automatic;
             CHECK(console.Happened() == Join({asked ? Trace{Question} : Trace{}, BothSent}));
@@ -68,18 +68,18 @@ TEST_CASE("an explicit upload asks only with \"Confirm Message Box\" and without
 TEST_CASE("No to the question sends nothing and leaves the clock bytes")
 {
     ConnectedLink console;
-    const auto clockBefore = console.settings.Audio.UnitClock;
-    console.settings.Options.ConfirmUpload = true;
+    const auto clockBefore = console.room.Audio.UnitClock;
+    console.options.ConfirmUpload = true;
     console.view.answer = false;
     console.link.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit);
     CHECK(console.Happened() == Trace{Question});
-    CHECK(console.settings.Audio.UnitClock == clockBefore);
+    CHECK(console.room.Audio.UnitClock == clockBefore);
 }
 
 TEST_CASE("an explicit upload is sent while the program is updating controls")
 {
     ConnectedLink console;
-    console.settings.Updating = true;
+    console.link.Updating = true;
     console.link.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit);
     CHECK(console.Happened() == BothSent);
 }
@@ -87,8 +87,8 @@ TEST_CASE("an explicit upload is sent while the program is updating controls")
 TEST_CASE("an upload that is not an edit's and not the command's asks nothing and checks nothing")
 {
     ConnectedLink console;
-    console.settings.Options = {.AutoUpload = false, .ConfirmUpload = true};
-    console.settings.Updating = true;
+    console.options = {.AutoUpload = false, .ConfirmUpload = true};
+    console.link.Updating = true;
     console.link.UploadToUnit(UploadSelector::Both, UploadTrigger::Unasked);
     CHECK(console.Happened() == BothSent);
 }
@@ -96,7 +96,7 @@ TEST_CASE("an upload that is not an edit's and not the command's asks nothing an
 TEST_CASE("the unit is left alone while the question is open")
 {
     ConnectedLink console;
-    console.settings.Options = {.ConfirmUpload = true, .AutoRefresh = 1};
+    console.options = {.ConfirmUpload = true, .AutoRefresh = true};
     console.view.duringBox = [&] {
         console.link.PollTick();
         console.link.RefreshTick(true);
@@ -148,16 +148,16 @@ TEST_CASE("an upload of the system record alone stamps the clock all the same")
     ConnectedLink console;
     console.clock.Set(2024, 3, 14, 15, 9);
     console.link.UploadToUnit(UploadSelector::SystemOnly, UploadTrigger::Unasked);
-    CHECK(console.settings.Audio.UnitClock == std::array<Byte, 4>{4 * 16 + 3, 6 * 32 + 14, 9, 24});
+    CHECK(console.room.Audio.UnitClock == std::array<Byte, 4>{4 * 16 + 3, 6 * 32 + 14, 9, 24});
 }
 
 TEST_CASE("an upload sends the settings' records, every byte but the clock as it stands")
 {
     ConnectedLink console;
-    std::ranges::fill(BytesOf(console.settings.Audio), Byte(0xC7));
-    std::ranges::fill(BytesOf(console.settings.System), Byte(0x7C));
-    const AudioBlock audio = console.settings.Audio;
-    const SystemBlock system = console.settings.System;
+    std::ranges::fill(BytesOf(console.room.Audio), Byte(0xC7));
+    std::ranges::fill(BytesOf(console.room.System), Byte(0x7C));
+    const AudioBlock audio = console.room.Audio;
+    const SystemBlock system = console.room.System;
     console.link.UploadToUnit(UploadSelector::Both, UploadTrigger::Unasked);
     CHECK(std::ranges::equal(BytesOf(console.unit.system), BytesOf(system)));
     CHECK(std::ranges::equal(BytesOf(console.unit.audio).subspan(4), BytesOf(audio).subspan(4)));
@@ -214,51 +214,61 @@ TEST_CASE("an emptied console clock follows the PC again")
 TEST_CASE("showing the unit reads five things in order, then shows them without a handler acting")
 {
     ConnectedLink console;
-    console.link.ShowSettings();
-    CHECK(console.Happened() == Trace{"GetAudio", "GetSystem", "GetMute", "GetVol", "GetFormat",
-                                      "reflect mute", "reflect mode", "reflect volume", "show system",
-                                      "show audio"});
-    CHECK_FALSE(console.settings.Updating);
+    console.link.ShowSettings(Source::Update);
+    CHECK(console.Happened() ==
+          Trace{"GetAudio", "GetSystem", "GetMute", "GetVol", "GetFormat", "show update"});
+    CHECK_FALSE(console.link.Updating);
 }
 
 TEST_CASE("showing the unit leaves Updating set where it was set")
 {
     ConnectedLink console;
-    console.settings.Updating = true;
-    console.link.ShowSettings();
-    CHECK(console.settings.Updating);
+    console.link.Updating = true;
+    console.link.ShowSettings(Source::Update);
+    CHECK(console.link.Updating);
 }
 
-TEST_CASE("showing the unit while it is lost reports once and shows what the settings hold")
+TEST_CASE("a unit that is lost while it is shown is reported once, and the screen stays as it was")
 {
     ConnectedLink console;
     console.unit.audio.ChannelTrim[Left] = 3;
     console.unit.FailNext(Operation::GetSystem, 8, 6);
-    console.link.ShowSettings();
-    CHECK(console.settings.Audio.ChannelTrim[Left] == 3);
+    CHECK_FALSE(console.link.ShowSettings(Source::Update));
+    CHECK(console.room.Audio.ChannelTrim[Left] != 3);
     const Trace happened = console.Happened();
     CHECK(std::ranges::count(happened, ErrorBox("- Error Communicating System Block\n")) == 1);
     CHECK(std::ranges::count(happened, "GetMute") == 0);
-    CHECK(happened.back() == "show audio");
+    CHECK(std::ranges::count(happened, "show update") == 0);
 }
 
-TEST_CASE("applying the audio record takes the OBE switch and its remembered frequency from it")
+TEST_CASE("what the unit is shown with is every field but the theatre's texts")
 {
-    LinkUnderTest console;
-    console.settings.Audio.ObeFreq = 8;
-    console.link.ApplyUnitAudioSettings();
-    CHECK(console.settings.ObeEnabled);
-    CHECK(console.settings.ObeMode == 8);
-    console.settings.Audio.ObeFreq = 0;
-    console.link.ApplyUnitAudioSettings();
-    CHECK_FALSE(console.settings.ObeEnabled);
-    CHECK(console.settings.ObeMode == 1);
+    ConnectedLink console;
+    console.link.ShowSettings(Source::Update);
+    ForEachField([&](FieldId id, const Field &field) {
+        CAPTURE(field.key);
+        CHECK(console.view.lastChanged.Has(id) == (field.section != Section::Theatre));
+    });
 }
 
-TEST_CASE("applying a record shows it and leaves Updating to the caller")
+TEST_CASE("an upload and an operation tell what the unit lacks once each, whatever they call")
 {
-    LinkUnderTest console;
-    console.link.ApplyUnitSystemSettings();
-    console.link.ApplyUnitAudioSettings();
-    CHECK(console.Happened() == Trace{"show system (handlers act)", "show audio (handlers act)"});
+    ConnectedLink console;
+    int told = 0;
+    console.view.onShowSent = [&told] { ++told; };
+    console.link.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit);
+    CHECK(told == 1);
+    console.link.PollTick();
+    CHECK(told == 2);
+    console.link.Update();
+    CHECK(told == 3);
+    console.link.RetryFunction(UnitOp::SetVol);
+    CHECK(told == 4);
+    {
+        const UnitLink::OneChange change(console.link);
+        console.link.RetryFunction(UnitOp::SetVol);
+        console.link.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::Unasked);
+        CHECK(told == 4);
+    }
+    CHECK(told == 5);
 }

@@ -45,4 +45,34 @@ void ShowChoice(QCheckBox *box, int value)
         box->setCheckState(Qt::PartiallyChecked);
 }
 
+FieldChoice::FieldChoice(FieldId field, Editor &editor, QComboBox *list)
+    : field_(field),
+      editor_(editor),
+      show_([list](int stored) { ShowChoice(list, stored); })
+{
+    QObject::connect(list, &QComboBox::activated, list,
+                     [field, &editor](int index) { editor.Apply(Edit::One(field, index)); });
+}
+
+FieldChoice::FieldChoice(FieldId field, Editor &editor, QButtonGroup *options)
+    : field_(field),
+      editor_(editor),
+      show_([options](int stored) { ShowChoice(options, stored); })
+{
+    QObject::connect(options, &QButtonGroup::idClicked, options,
+                     [field, &editor](int index) { editor.Apply(Edit::One(field, index)); });
+}
+
+void FieldChoice::Show(const Changed &changed) const
+{
+    if (changed.Has(field_))
+        show_(Get(editor_.Room(), field_));
+}
+
+void AddChoices(QComboBox *list, FieldId field)
+{
+    for (int stored = 0; stored <= FieldOf(field).scale->last; ++stored)
+        list->addItem(QString::fromStdString(TextOf(field, stored)));
+}
+
 } // namespace kelvo

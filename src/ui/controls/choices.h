@@ -1,5 +1,7 @@
 #pragma once
 
+#include "edit/editor.h"
+
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
@@ -49,5 +51,23 @@ void ShowChoice(QComboBox *list, int index);
 void ShowChoice(QButtonGroup *options, int index);
 /// 0 and 1 are unchecked and checked; any other byte is the third, half-marked state.
 void ShowChoice(QCheckBox *box, int value);
+
+/// A list or a group of option buttons that offers what a field can be set to. It shows the room and asks the
+/// editor; the user's choice of what is shown already is an edit as well.
+class FieldChoice {
+  public:
+    FieldChoice(FieldId field, Editor &editor, QComboBox *list);
+    FieldChoice(FieldId field, Editor &editor, QButtonGroup *options);
+
+    void Show(const Changed &changed) const;
+
+  private:
+    FieldId field_;
+    Editor &editor_;
+    std::function<void(int)> show_;
+};
+
+/// Every choice of a field, in words.
+void AddChoices(QComboBox *list, FieldId field);
 
 } // namespace kelvo

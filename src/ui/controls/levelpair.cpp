@@ -4,20 +4,21 @@
 
 namespace kelvo {
 
-LevelPair::LevelPair(const LevelRule &rule, EntryWindow &entries, const LevelNames &names, Actions actions,
-                     QObject *parent)
+LevelPair::LevelPair(FieldId field, const LevelRule &rule, Editor &editor, EntryWindow &entries,
+                     const LevelNames &names, QObject *parent)
     : QObject(parent),
+      field_(field),
       rule_(rule),
+      editor_(editor),
       entries_(entries),
-      actions_(std::move(actions)),
-      field_(new LevelField(rule, entries, [this](int steps) { TakeSteps(steps); })),
+      text_(new LevelField(rule, entries, [this](int steps) { TakeSteps(steps); })),
       slider_(new LevelSlider(rule, entries))
 {
     if (names.index < 0) {
-        Named(field_, names.field);
+        Named(text_, names.field);
         Named(slider_, names.slider);
     } else {
-        Named(field_, names.field, names.index);
+        Named(text_, names.field, names.index);
         Named(slider_, names.slider, names.index);
     }
     connect(slider_, &LevelSlider::Taken, this, [this] { takenAt_ = Position(); });
@@ -27,24 +28,37 @@ LevelPair::LevelPair(const LevelRule &rule, EntryWindow &entries, const LevelNam
         if (Position() != takenAt_)
             ApplyChange();
     });
-    ShowPosition(rule.zeroAt);
+    ShowStored();
 }
 
 void LevelPair::SetAccessibleName(const QString &name)
 {
-    field_->setAccessibleName(name);
+    text_->setAccessibleName(name);
     slider_->setAccessibleName(name);
 }
 
-void LevelPair::ShowPosition(int position)
+void LevelPair::Bind(FieldId field)
 {
-    slider_->ShowPosition(position);
+    field_ = field;
+    ShowStored();
+}
+
+void LevelPair::Show(const Changed &changed)
+{
+    if (changed.Has(field_))
+        ShowStored();
+}
+
+void LevelPair::ShowStored()
+{
+    const LevelRule &stored = *FieldOf(field_).scale->level;
+    slider_->ShowPosition(rule_.PositionFor(stored.StepsAt(Get(editor_.Room(), field_))));
     ShowText();
 }
 
 void LevelPair::ShowText()
 {
-    field_->ShowText(QString::fromStdString(rule_.TextAt(Position())));
+    text_->ShowText(QString::fromStdString(rule_.TextAt(Position())));
 }
 
 void LevelPair::TakeSteps(int steps)
@@ -52,14 +66,14 @@ void LevelPair::TakeSteps(int steps)
     slider_->setValue(rule_.PositionFor(steps));
 }
 
-/// The screen and the record always take the change. The unit hears of it when no key is held and the
+/// The screen and the room always take the change. The unit hears of it when no key is held and the
 /// slider left the position at which it had the focus; what it did not hear, the next send carries.
 void LevelPair::ApplyChange()
 {
     ShowText();
-    actions_.store(Position());
-    if (entries_.SendArmed && Position() != entries_.FocusPosition)
-        actions_.send();
+    const int stored = FieldOf(field_).scale->level->PositionFor(rule_.StepsAt(Position()));
+    const bool moved = entries_.SendArmed && Position() != entries_.FocusPosition;
+    editor_.Apply(Edit::One(field_, stored), moved ? Send::AfterEdit : Send::Later);
 }
 
 void JoinNeighbours(std::span<LevelPair *const> pairs)

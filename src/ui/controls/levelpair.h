@@ -1,11 +1,10 @@
 #pragma once
 
-#include "model/levels.h"
+#include "edit/editor.h"
 #include "ui/controls/entrywindow.h"
 #include "ui/controls/levelfield.h"
 #include "ui/controls/levelslider.h"
 
-#include <functional>
 #include <span>
 
 namespace kelvo {
@@ -17,41 +16,39 @@ struct LevelNames {
     int index = -1;
 };
 
-/// One numeric field and its vertical slider. The slider's position is the home of the value.
+/// One numeric field and its vertical slider, which show a field of the room and ask the editor to change it.
 /// The owner places both widgets; the pair makes and joins them.
 class LevelPair : public QObject {
     Q_OBJECT
 
   public:
-    /// What a change does. `store` writes the position to the model; `send` follows it when the unit is
-    /// to be told. Neither is called while the program shows a value.
-    struct Actions {
-        std::function<void(int position)> store;
-        std::function<void()> send;
-    };
+    /// `rule` says how the slider stands; its levels are those of the field.
+    LevelPair(FieldId field, const LevelRule &rule, Editor &editor, EntryWindow &entries,
+              const LevelNames &names, QObject *parent);
 
-    LevelPair(const LevelRule &rule, EntryWindow &entries, const LevelNames &names, Actions actions,
-              QObject *parent);
-
-    LevelField *Field() const { return field_; }
+    LevelField *Field() const { return text_; }
     LevelSlider *Slider() const { return slider_; }
-    int Position() const { return slider_->value(); }
 
     /// What both widgets are to a screen reader: "Left Channel, 1 kHz, dB".
     void SetAccessibleName(const QString &name);
-    /// Shows a position quietly: nothing is stored or sent. A field being typed in keeps its text.
-    /// Positions outside the range show the nearest end.
-    void ShowPosition(int position);
+    /// Another field of the same scale from now on.
+    void Bind(FieldId field);
+    void Show(const Changed &changed);
 
   private:
+    int Position() const { return slider_->value(); }
+    /// What the room holds, quietly. A text being typed stays; beyond the range the slider shows the nearest
+    /// end.
+    void ShowStored();
+    void ShowText();
     void TakeSteps(int steps);
     void ApplyChange();
-    void ShowText();
 
+    FieldId field_;
     const LevelRule rule_;
+    Editor &editor_;
     EntryWindow &entries_;
-    Actions actions_;
-    LevelField *field_;
+    LevelField *text_;
     LevelSlider *slider_;
     int takenAt_ = 0;
 };

@@ -16,19 +16,11 @@ class BandFrame : public ChannelFrame {
         const char *slider;
     };
 
-    /// `frequencies` are the bands' full names, "1.25 kHz".
-    BandFrame(const Names &names, std::span<const char *const> frequencies, EntryWindow &entries,
-              const LevelPair::Actions &actions);
-
-    void ShowChannel(const QString &channel) override;
+    /// `channel` is the one that it shows first, of the kind that it shows.
+    BandFrame(const Names &names, int channel, Editor &editor, EntryWindow &entries);
 
   private:
-    void AddBand(LevelPair *pair, const QString &frequency, class LevelBoard &board);
-
-    std::span<const char *const> frequencies_;
+    void AddBand(LevelPair *pair, int hertz, bool staggered, class LevelBoard &board);
 };
-
-extern const std::span<const char *const> ThirdOctaves; ///< of `frmBandA`
-extern const std::span<const char *const> Octaves;      ///< of `frmBandB`
 
 } // namespace kelvo

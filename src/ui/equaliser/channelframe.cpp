@@ -1,11 +1,31 @@
 #include "ui/equaliser/channelframe.h"
 
+#include "model/tables.h"
+
 namespace kelvo {
 
-void ChannelFrame::Show(const ChannelSlice &slice)
+void ChannelFrame::Bind(int channel)
 {
-    for (std::size_t i = 0; i < pairs_.size(); ++i)
-        pairs_[i]->ShowPosition(slice.Band[i]);
+    setTitle(ChannelTitle[channel]);
+    for (int band = 0; band < int(pairs_.size()); ++band) {
+        const FieldId field = field::Band(channel, band);
+        pairs_[band]->Bind(field);
+        pairs_[band]->SetAccessibleName(SpokenName(field));
+    }
+}
+
+void ChannelFrame::Show(const Changed &changed)
+{
+    for (LevelPair *pair : pairs_)
+        pair->Show(changed);
+}
+
+QString SpokenName(FieldId field)
+{
+    const Field &facts = FieldOf(field);
+    const std::string name = facts.name ? facts.name : FrequencyText(facts.hertz);
+    return QString("%1, %2, %3")
+        .arg(ChannelTitle[facts.channel], QString::fromStdString(name), facts.scale->unit);
 }
 
 } // namespace kelvo

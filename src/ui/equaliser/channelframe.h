@@ -1,6 +1,5 @@
 #pragma once
 
-#include "model/records.h"
 #include "ui/controls/levelpair.h"
 
 #include <QGroupBox>
@@ -15,15 +14,17 @@ class ChannelFrame : public QGroupBox {
     Q_OBJECT
 
   public:
-    /// Its title and what a screen reader says are the channel's.
-    virtual void ShowChannel(const QString &channel) = 0;
-    /// The slice into its controls, quietly.
-    virtual void Show(const ChannelSlice &slice);
+    /// Shows this channel from now on; its title and what a screen reader says are the channel's.
+    virtual void Bind(int channel);
+    virtual void Show(const Changed &changed);
     /// A slice's first bytes are theirs, in this order.
     std::span<LevelPair *const> Pairs() const { return pairs_; }
 
   protected:
     std::vector<LevelPair *> pairs_;
 };
+
+/// What a screen reader says of a channel's level: "Left Channel, 1 kHz, dB".
+QString SpokenName(FieldId field);
 
 } // namespace kelvo

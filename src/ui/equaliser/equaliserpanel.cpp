@@ -4,7 +4,6 @@
 #include "ui/controls/levelboard.h"
 #include "ui/controls/named.h"
 #include "ui/controls/taborder.h"
-#include "ui/controls/uploadbutton.h"
 #include "ui/equaliser/messages.h"
 
 #include <QGridLayout>
@@ -18,35 +17,27 @@ namespace kelvo {
 
 namespace {
 
-constexpr std::array<char, ChannelCount> ChannelKey{'l', 'p', 'c', 'q', 'r', 'e'};
-
-/// Takes a slider's position into its byte. A byte beyond the slider's range is kept while the slider stands
-/// at the end that is nearest to it.
-void Store(Byte &byte, const LevelPair &pair)
+/// What a channel's equaliser and tone are stored in.
+std::vector<FieldId> FieldsOf(int channel)
 {
-    if (std::min(int(byte), pair.Slider()->maximum()) != pair.Position())
-        byte = Byte(pair.Position());
+    std::vector<FieldId> fields{field::Bass(channel), field::Treble(channel)};
+    for (int band = 0; band < EqualiserBytes(KindOf(channel)); ++band)
+        fields.push_back(field::Band(channel, band));
+    return fields;
 }
 
 } // namespace
 
-EqualiserPanel::EqualiserPanel(Settings &settings, UnitLink &link, EntryWindow &entries, MuteButtons &mute,
-                               MasterFader &fader, QWidget *faderFrame)
-    : settings_(settings),
+EqualiserPanel::EqualiserPanel(Editor &editor, UnitLink &link, EntryWindow &entries, const Guests &guests)
+    : editor_(editor),
       link_(link),
-      entries_(entries),
-      mute_(mute),
-      fader_(fader),
-      faderFrame_(faderFrame)
+      entries_(entries)
 {
-    const LevelPair::Actions apply{[this](int) { StoreChange(); }, [this] { Upload(); }};
-    auto *frmBandA = new BandFrame({"frmBandA", "lblBand", "sclA"}, ThirdOctaves, entries, apply);
-    auto *frmBandB = new BandFrame({"frmBandB", "lblLSRSv", "sclB"}, Octaves, entries, apply);
-    auto *frmBass = new SubBassFrame(entries, apply,
-                                     [this](SubwooferByte byte, int index) { optSub_Click(byte, index); });
-    frames_ = {frmBandA, frmBandB, frmBass};
-    bass_ = new LevelPair(ShelfRule, entries, {"lblBass", "sclBass"}, apply, this);
-    treble_ = new LevelPair(ShelfRule, entries, {"lblTreb", "sclTreb"}, apply, this);
+    frames_ = {new BandFrame({"frmBandA", "lblBand", "sclA"}, Left, editor, entries),
+               new BandFrame({"frmBandB", "lblLSRSv", "sclB"}, LeftSurround, editor, entries),
+               new SubBassFrame(editor, entries)};
+    bass_ = new LevelPair(field::Bass(Left), ShelfRule, editor, entries, {"lblBass", "sclBass"}, this);
+    treble_ = new LevelPair(field::Treble(Left), ShelfRule, editor, entries, {"lblTreb", "sclTreb"}, this);
     JoinNeighbours(std::array{bass_, treble_});
 
     bandArea_ = new QStackedWidget;
@@ -58,16 +49,14 @@ EqualiserPanel::EqualiserPanel(Settings &settings, UnitLink &link, EntryWindow &
     grid->addWidget(BuildChannelButtons(), 0, 0, 1, 2);
     grid->addWidget(bandArea_, 1, 0, 2, 1);
     grid->addWidget(BuildTone(), 1, 1);
-    grid->addWidget(faderFrame, 2, 1);
-    grid->addWidget(BuildCommands(), 3, 0, 1, 2);
+    grid->addWidget(guests.faderFrame, 2, 1);
+    grid->addWidget(BuildCommands(guests), 3, 0, 1, 2);
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(1, 1);
-    ChainTabs();
-    frmBandB->ShowChannel(ChannelTitle[LeftSurround]);
-    frmBass->ShowChannel(ChannelTitle[Subwoofer]);
+    ChainTabs(*guests.faderFrame);
     ReflectChannelButtons();
-    ShowChannelPanel();
     LoadChannelData();
+    ShowChannelPanel();
 }
 
 QWidget *EqualiserPanel::BuildChannelButtons()
@@ -100,7 +89,7 @@ QWidget *EqualiserPanel::BuildTone()
     return frame;
 }
 
-QWidget *EqualiserPanel::BuildCommands()
+QWidget *EqualiserPanel::BuildCommands(const Guests &guests)
 {
     auto *cmdCopy = Named(new QPushButton("Copy"), "cmdCopy");
     auto *cmdPaste = Named(new QPushButton("Paste"), "cmdPaste");
@@ -119,12 +108,12 @@ QWidget *EqualiserPanel::BuildCommands()
     columns->addWidget(cmdClear);
     columns->addStretch();
     columns->addWidget(cmdPink_);
-    columns->addWidget(mute_.Build("cmdMute"));
-    columns->addWidget(BuildUploadButton(1, link_, entries_));
+    columns->addWidget(guests.cmdMute);
+    columns->addWidget(guests.cmdUp);
     return row;
 }
 
-void EqualiserPanel::ChainTabs()
+void EqualiserPanel::ChainTabs(const QWidget &faderFrame)
 {
     std::vector<QWidget *> sequence(cmdEQChan_.begin(), cmdEQChan_.end());
     const auto add = [&sequence](const LevelPair *pair) {
@@ -138,7 +127,7 @@ void EqualiserPanel::ChainTabs()
     }
     add(bass_);
     add(treble_);
-    for (QWidget *control : faderFrame_->findChildren<QWidget *>(Qt::FindDirectChildrenOnly))
+    for (QWidget *control : faderFrame.findChildren<QWidget *>(Qt::FindDirectChildrenOnly))
         sequence.push_back(control);
     SetTabSequence(sequence);
 }
@@ -151,7 +140,6 @@ void EqualiserPanel::cmdEQChan_Click(int channel)
     if (!entries_.CommitEntry())
         return;
     SetEQPinkNoise(false);
-    SaveChannelData();
     currentChannel_ = channel;
     ReflectChannelButtons();
     // Filled before it is shown: showing may hand the focus on, and the position it is taken at counts.
@@ -169,58 +157,28 @@ void EqualiserPanel::ReflectChannelButtons()
 
 void EqualiserPanel::ShowChannelPanel()
 {
-    const QString title = ChannelTitle[currentChannel_];
-    Frame().ShowChannel(title);
     bandArea_->setCurrentWidget(&Frame());
-    bass_->SetAccessibleName(title + ", bass, dB");
-    treble_->SetAccessibleName(title + ", treble, dB");
-}
-
-void EqualiserPanel::SaveChannelData()
-{
-    ChannelSlice &slice = Slice();
-    const auto pairs = Frame().Pairs();
-    for (std::size_t i = 0; i < pairs.size(); ++i)
-        Store(slice.Band[i], *pairs[i]);
-    Store(slice.BassLevel, *bass_);
-    Store(slice.TrebleLevel, *treble_);
 }
 
 void EqualiserPanel::LoadChannelData()
 {
-    const ChannelSlice &slice = Slice();
-    Frame().Show(slice);
-    bass_->ShowPosition(slice.BassLevel);
-    treble_->ShowPosition(slice.TrebleLevel);
+    Frame().Bind(currentChannel_);
+    for (const auto &[pair, field] : {std::pair(bass_, field::Bass(currentChannel_)),
+                                      std::pair(treble_, field::Treble(currentChannel_))}) {
+        pair->Bind(field);
+        pair->SetAccessibleName(SpokenName(field));
+    }
 }
 
-// Changes
-
-void EqualiserPanel::StoreChange()
+void EqualiserPanel::Show(const Changed &changed)
 {
-    if (settings_.Updating)
-        return;
-    settings_.SettingsChanged = true;
-    SaveChannelData();
-    link_.ShowSent();
+    for (ChannelFrame *frame : frames_)
+        frame->Show(changed);
+    bass_->Show(changed);
+    treble_->Show(changed);
 }
 
-void EqualiserPanel::Upload()
-{
-    link_.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::AfterEdit);
-}
-
-void EqualiserPanel::ApplyChannelChange()
-{
-    StoreChange();
-    Upload();
-}
-
-void EqualiserPanel::optSub_Click(SubwooferByte byte, int index)
-{
-    Slice().Band[byte] = Byte(index);
-    ApplyChannelChange();
-}
+// Commands
 
 void EqualiserPanel::cmdCopy_Click()
 {
@@ -242,36 +200,34 @@ void EqualiserPanel::cmdPaste_Click()
     }
     if (!Ask(this, messages::CopyChannel, {ChannelTitle[copiedChannel_], ChannelTitle[currentChannel_]}))
         return;
-    PasteChannelData(copiedChannel_);
-    ApplyChannelChange();
+    editor_.Apply(PasteChannelData());
 }
 
-/// The target takes what its sliders show, so a source byte beyond their range arrives as the nearest end.
-void EqualiserPanel::PasteChannelData(int source)
+/// The target takes what the controls can show, so a source byte beyond their range arrives as the nearest
+/// end.
+Edit EqualiserPanel::PasteChannelData() const
 {
-    const ChannelSlice from = settings_.Audio.ChannelEq[source];
-    ChannelSlice &to = Slice();
-    const auto paste = [](LevelPair &pair, Byte position, Byte &into) {
-        pair.ShowPosition(position);
-        into = Byte(pair.Position());
-    };
-    const auto pairs = Frame().Pairs();
-    for (std::size_t i = 0; i < pairs.size(); ++i)
-        paste(*pairs[i], from.Band[i], to.Band[i]);
-    paste(*bass_, from.BassLevel, to.BassLevel);
-    paste(*treble_, from.TrebleLevel, to.TrebleLevel);
+    const std::vector<FieldId> from = FieldsOf(copiedChannel_);
+    const std::vector<FieldId> to = FieldsOf(currentChannel_);
+    std::vector<Edit::Change> changes;
+    for (std::size_t i = 0; i < to.size(); ++i)
+        changes.push_back({to[i], std::min(Get(editor_.Room(), from[i]), FieldOf(to[i]).scale->last)});
+    return Edit::Of(std::string("Paste ") + ChannelName[copiedChannel_] + " to " +
+                        ChannelName[currentChannel_],
+                    std::move(changes));
 }
 
 void EqualiserPanel::cmdClear_Click()
 {
     if (!entries_.CommitEntry() || !Ask(this, messages::ResetChannel, {ChannelTitle[currentChannel_]}))
         return;
-    ResetChannelData(settings_, currentChannel_);
-    LoadChannelData();
-    ApplyChannelChange();
+    editor_.Apply(
+        {.name = std::string("Reset ") + ChannelName[currentChannel_],
+         .fields = FieldsOf(currentChannel_),
+         .make = [channel = currentChannel_](RoomSettings &room) { ResetChannelData(room, channel); }});
 }
 
-// Test signals and shortcuts
+// Test signals
 
 void EqualiserPanel::cmdPink_Click()
 {
@@ -281,37 +237,18 @@ void EqualiserPanel::cmdPink_Click()
 
 void EqualiserPanel::SetEQPinkNoise(bool on)
 {
-    link_.RetryFunction(UnitOp::SetPink, Word(currentChannel_), on ? True : False);
+    SwitchNoise(link_, currentChannel_, on);
 }
 
-void EqualiserPanel::ShowTestSignalsOff()
+void EqualiserPanel::ShowTestSignals(const TestSignals &playing)
 {
-    cmdPink_->SetOn(false);
+    cmdPink_->SetOn(playing.Pink[currentChannel_]);
 }
 
 void EqualiserPanel::LeaveTab()
 {
-    if (cmdPink_->SwitchOff(link_.Holds().Pink[currentChannel_]))
+    if (cmdPink_->SwitchOff(link_.Holds().Playing.Pink[currentChannel_]))
         SetEQPinkNoise(false);
-}
-
-bool EqualiserPanel::RunShortcut(QChar key)
-{
-    const auto channel = std::ranges::find(ChannelKey, key.toLatin1());
-    if (channel == ChannelKey.end() && key != 'm' && key != '7' && key != 'g')
-        return false;
-    // A level still being typed belongs to what was shown when it was begun. Sending it may lose the link.
-    if (!entries_.CommitEntry() || !isEnabled())
-        return true;
-    if (channel != ChannelKey.end())
-        cmdEQChan_Click(int(channel - ChannelKey.begin()));
-    else if (key == 'm')
-        mute_.cmdMute_Click();
-    else if (key == '7')
-        fader_.cmdSet7_Click();
-    else
-        cmdPink_Click();
-    return true;
 }
 
 } // namespace kelvo

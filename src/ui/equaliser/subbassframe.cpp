@@ -1,30 +1,18 @@
 #include "ui/equaliser/subbassframe.h"
 
-#include "ui/controls/choices.h"
 #include "ui/controls/levelboard.h"
 #include "ui/controls/named.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include <array>
-
 namespace kelvo {
 
-namespace {
-
-constexpr std::array<const char *, 7> FrequencyNames{"25 Hz", "31.5 Hz", "40 Hz", "50 Hz",
-                                                     "63 Hz", "80 Hz",   "100 Hz"};
-constexpr std::array<const char *, 3> WidthNames{"1/3 octave", "2/3 octave", "1 octave"};
-
-} // namespace
-
-SubBassFrame::SubBassFrame(EntryWindow &entries, LevelPair::Actions gain,
-                           std::function<void(SubwooferByte byte, int index)> choose)
-    : choose_(std::move(choose))
+SubBassFrame::SubBassFrame(Editor &editor, EntryWindow &entries)
 {
     Named(this, "frmBass");
-    auto *pair = new LevelPair(HalfDecibelRule, entries, {"lblGain", "sclGain"}, std::move(gain), this);
+    auto *pair = new LevelPair(field::Band(Subwoofer, SubGain), HalfDecibelRule, editor, entries,
+                               {"lblGain", "sclGain"}, this);
     pairs_.push_back(pair);
     auto *board = new LevelBoard(HalfDecibelMarks());
     board->Add(pair->Slider(), 1);
@@ -34,39 +22,34 @@ SubBassFrame::SubBassFrame(EntryWindow &entries, LevelPair::Actions gain,
 
     auto *columns = new QHBoxLayout(this);
     columns->addWidget(gainFrame, 1);
-    columns->addWidget(BuildOptions("optSPB", "Centre Frequency", FrequencyNames, SubFreq, optSPB_), 1);
-    columns->addWidget(BuildOptions("optBand", "Bandwidth", WidthNames, SubWidth, optBand_), 1);
+    columns->addWidget(BuildOptions("optSPB", "Centre Frequency", field::Band(Subwoofer, SubFreq), editor),
+                       1);
+    columns->addWidget(BuildOptions("optBand", "Bandwidth", field::Band(Subwoofer, SubWidth), editor), 1);
+    Bind(Subwoofer);
 }
 
-QGroupBox *SubBassFrame::BuildOptions(const char *name, const QString &title,
-                                      std::span<const char *const> captions, SubwooferByte byte,
-                                      QButtonGroup *&group)
+QGroupBox *SubBassFrame::BuildOptions(const char *name, const QString &title, FieldId field, Editor &editor)
 {
     auto *frame = new QGroupBox(title);
     auto *rows = new QVBoxLayout(frame);
-    group = new QButtonGroup(this);
-    for (std::size_t i = 0; i < captions.size(); ++i) {
-        auto *option = Named(new OptionButton(captions[i]), name, int(i));
-        option->setAccessibleName(title + ", " + captions[i]);
-        group->addButton(option, int(i));
+    auto *group = new QButtonGroup(this);
+    const auto captions = FieldOf(field).scale->choices;
+    for (int index = 0; index < int(captions.size()); ++index) {
+        auto *option = Named(new OptionButton(captions[index]), name, index);
+        option->setAccessibleName(title + ", " + captions[index]);
+        group->addButton(option, index);
         rows->addWidget(option);
     }
     rows->addStretch();
-    connect(group, &QButtonGroup::idClicked, this, [this, byte](int index) { choose_(byte, index); });
+    choices_.emplace_back(field, editor, group);
     return frame;
 }
 
-void SubBassFrame::ShowChannel(const QString &channel)
+void SubBassFrame::Show(const Changed &changed)
 {
-    setTitle(channel);
-    pairs_.front()->SetAccessibleName(channel + ", gain, dB");
-}
-
-void SubBassFrame::Show(const ChannelSlice &slice)
-{
-    ShowChoice(optBand_, slice.Band[SubWidth]);
-    ShowChoice(optSPB_, slice.Band[SubFreq]);
-    ChannelFrame::Show(slice);
+    for (const FieldChoice &choice : choices_)
+        choice.Show(changed);
+    ChannelFrame::Show(changed);
 }
 
 } // namespace kelvo

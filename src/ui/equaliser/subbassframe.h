@@ -1,10 +1,7 @@
 #pragma once
 
+#include "ui/controls/choices.h"
 #include "ui/equaliser/channelframe.h"
-
-#include <QButtonGroup>
-
-#include <functional>
 
 namespace kelvo {
 
@@ -13,21 +10,15 @@ class SubBassFrame : public ChannelFrame {
     Q_OBJECT
 
   public:
-    /// `choose` takes the user's click on an option: which byte of the slice it stands for, and its index.
-    SubBassFrame(EntryWindow &entries, LevelPair::Actions gain,
-                 std::function<void(SubwooferByte byte, int index)> choose);
+    SubBassFrame(Editor &editor, EntryWindow &entries);
 
-    void ShowChannel(const QString &channel) override;
     /// A width or frequency beyond the buttons shows no choice.
-    void Show(const ChannelSlice &slice) override;
+    void Show(const Changed &changed) override;
 
   private:
-    QGroupBox *BuildOptions(const char *name, const QString &title, std::span<const char *const> captions,
-                            SubwooferByte byte, QButtonGroup *&group);
+    QGroupBox *BuildOptions(const char *name, const QString &title, FieldId field, Editor &editor);
 
-    std::function<void(SubwooferByte byte, int index)> choose_;
-    QButtonGroup *optBand_ = nullptr;
-    QButtonGroup *optSPB_ = nullptr;
+    std::vector<FieldChoice> choices_;
 };
 
 } // namespace kelvo

@@ -2,6 +2,7 @@
 
 #include "model/tables.h"
 #include "ui/controls/named.h"
+#include "ui/formats/messages.h"
 
 #include <QGridLayout>
 
@@ -13,10 +14,7 @@ constexpr int Columns = 2;
 
 } // namespace
 
-ModeButtons::ModeButtons(Settings &settings, UnitLink &link)
-    : QGroupBox("Mode:"),
-      settings_(settings),
-      link_(link)
+ModeButtons::ModeButtons(Editor &editor) : QGroupBox("Mode:"), editor_(editor)
 {
     Named(this, "Frame1", 3);
     auto *grid = new QGridLayout(this);
@@ -33,23 +31,33 @@ ModeButtons::ModeButtons(Settings &settings, UnitLink &link)
 
 void ModeButtons::cmdMode_Click(int index)
 {
-    if (index == settings_.CurrentFormat)
-        return;
-    settings_.CurrentFormat = Word(index);
-    link_.RetryFunction(UnitOp::SelectFormat);
-    ReflectModeStatus();
+    if (index != editor_.Room().CurrentFormat)
+        editor_.Apply(Edit::One(field::Format, index));
 }
 
-/// While an optical stream runs the unit plays the stream's format; the buttons keep the operator's.
+void ModeButtons::Show(const Changed &changed)
+{
+    if (changed.Has(field::Format))
+        ReflectModeStatus();
+    if (changed.Has(field::F1KeyMode))
+        ShowF1Format(changed.source);
+}
+
 void ModeButtons::ReflectModeStatus()
 {
     for (int index = 0; index < FormatCount; ++index)
-        cmdMode_[index]->SetFace(index == settings_.OperatorFormat() ? Face::Current : Face::Normal);
+        cmdMode_[index]->SetFace(index == editor_.Room().CurrentFormat ? Face::Current : Face::Normal);
 }
 
-void ModeButtons::SetF1Caption(const QString &caption)
+/// Deliberate: nothing but a connection and the user's choice changes the caption, and each in its own words.
+void ModeButtons::ShowF1Format(Source source)
 {
-    cmdMode_[0]->setText(caption);
+    const Byte mode = editor_.Room().System.F1KeyMode;
+    const bool known = mode < messages::F1Captions.size();
+    if (source == Source::Connection)
+        cmdMode_[0]->setText(known ? messages::F1Captions[mode].afterConnection : messages::F1Unknown);
+    else if (source == Source::Edit && known)
+        cmdMode_[0]->setText(messages::F1Captions[mode].afterChoice);
 }
 
 } // namespace kelvo

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "model/settings.h"
+#include "edit/editor.h"
+#include "ui/controls/panel.h"
 #include "ui/controls/statebutton.h"
-#include "unit/unitlink.h"
 
 #include <QGroupBox>
 
@@ -10,22 +10,22 @@
 
 namespace kelvo {
 
-/// The frame `Frame1(3)` "Mode:" with the six buttons that select the unit's format.
-class ModeButtons : public QGroupBox {
+/// The frame `Frame1(3)` "Mode:" with the six buttons that select the unit's format. `cmdMode(0)` shows what
+/// the unit's F1 key stands for since the last connection or the user's last choice of it.
+class ModeButtons : public QGroupBox, public Panel {
     Q_OBJECT
 
   public:
-    ModeButtons(Settings &settings, UnitLink &link);
+    explicit ModeButtons(Editor &editor);
 
-    void ReflectModeStatus();
-    /// `cmdMode(0)` shows what the unit's F1 key stands for.
-    void SetF1Caption(const QString &caption);
+    void Show(const Changed &changed) override;
 
   private:
     void cmdMode_Click(int index);
+    void ReflectModeStatus();
+    void ShowF1Format(Source source);
 
-    Settings &settings_;
-    UnitLink &link_;
+    Editor &editor_;
     std::array<StateButton *, FormatCount> cmdMode_{};
 };
 

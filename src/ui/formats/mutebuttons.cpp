@@ -4,10 +4,7 @@
 
 namespace kelvo {
 
-MuteButtons::MuteButtons(Settings &settings, UnitLink &link, QObject *parent)
-    : QObject(parent),
-      settings_(settings),
-      link_(link)
+MuteButtons::MuteButtons(Editor &editor, QObject *parent) : QObject(parent), editor_(editor)
 {
 }
 
@@ -27,16 +24,15 @@ StateButton *MuteButtons::BuildShowing(const char *name)
     return buttons_.back();
 }
 
-void MuteButtons::cmdMute_Click()
+void MuteButtons::Show(const Changed &changed)
 {
-    settings_.MuteState = settings_.MuteState == False ? True : False;
-    link_.RetryFunction(UnitOp::SetMute);
-    ReflectMuteStatus();
+    if (changed.Has(field::Mute))
+        ReflectMuteStatus();
 }
 
 void MuteButtons::ReflectMuteStatus()
 {
-    const bool muted = settings_.MuteState != False;
+    const bool muted = editor_.Room().MuteState != False;
     for (StateButton *button : buttons_)
         button->Show(muted ? "Un-Mute" : "Mute", muted ? Face::Muted : Face::Normal);
 }

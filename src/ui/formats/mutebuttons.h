@@ -1,8 +1,8 @@
 #pragma once
 
-#include "model/settings.h"
+#include "edit/editor.h"
+#include "ui/controls/panel.h"
 #include "ui/controls/statebutton.h"
-#include "unit/unitlink.h"
 
 #include <QObject>
 
@@ -11,24 +11,25 @@
 namespace kelvo {
 
 /// The five mute buttons on their tabs, which show one state.
-class MuteButtons : public QObject {
+class MuteButtons : public QObject, public Panel {
     Q_OBJECT
 
   public:
-    MuteButtons(Settings &settings, UnitLink &link, QObject *parent);
+    MuteButtons(Editor &editor, QObject *parent);
 
     /// A button that toggles the mute when clicked.
     StateButton *Build(const char *name);
     /// A button that only shows the mute; its owner handles the click.
     StateButton *BuildShowing(const char *name);
 
-    /// The shared handler: turns the flag over, sends it, shows it.
-    void cmdMute_Click();
-    void ReflectMuteStatus();
+    /// The shared handler: turns the mute over.
+    void cmdMute_Click() { editor_.Apply(ToggleMute(editor_.Room())); }
+    void Show(const Changed &changed) override;
 
   private:
-    Settings &settings_;
-    UnitLink &link_;
+    void ReflectMuteStatus();
+
+    Editor &editor_;
     std::vector<StateButton *> buttons_;
 };
 

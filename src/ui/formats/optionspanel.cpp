@@ -1,10 +1,7 @@
 #include "ui/formats/optionspanel.h"
 
-#include "model/tables.h"
-#include "ui/controls/choices.h"
 #include "ui/controls/named.h"
 #include "ui/controls/spacing.h"
-#include "ui/controls/uploadbutton.h"
 #include "ui/formats/messages.h"
 
 #include <QFormLayout>
@@ -15,23 +12,16 @@ namespace kelvo {
 
 namespace {
 
-constexpr int HighestNonsyncTrim = 20; ///< decibels
-constexpr int SurroundDelayCount = 11; ///< 0 to 100 ms in tens
-
-OptionButton *BuildOption(const char *name, int index, const char *caption, QButtonGroup *group)
+OptionButton *BuildOption(const char *name, FieldId field, int index, QButtonGroup *group)
 {
-    auto *option = Named(new OptionButton(QString::fromUtf8(caption)), name, index);
+    auto *option = Named(new OptionButton(FieldOf(field).scale->choices[index]), name, index);
     group->addButton(option, index);
     return option;
 }
 
 } // namespace
 
-OptionsPanel::OptionsPanel(Settings &settings, UnitLink &link, EntryWindow &entries,
-                           std::function<void(const QString &)> showF1Caption)
-    : settings_(settings),
-      link_(link),
-      showF1Caption_(std::move(showF1Caption))
+OptionsPanel::OptionsPanel(Editor &editor, QPushButton *cmdUp) : editor_(editor)
 {
     auto *left = new QVBoxLayout;
     left->setSpacing(GroupSpacing);
@@ -50,7 +40,7 @@ OptionsPanel::OptionsPanel(Settings &settings, UnitLink &link, EntryWindow &entr
     layout->setVerticalSpacing(GroupSpacing);
     layout->addLayout(left, 0, 0);
     layout->addLayout(right, 0, 1);
-    layout->addWidget(BuildUploadButton(4, link, entries), 1, 1, Qt::AlignRight);
+    layout->addWidget(cmdUp, 1, 1, Qt::AlignRight);
     layout->setRowStretch(0, 1);
     layout->setColumnStretch(0, 1);
     layout->setColumnStretch(1, 1);
@@ -61,11 +51,9 @@ QGroupBox *OptionsPanel::BuildPowerOnFormat()
     auto *group = new QGroupBox("Power On Format");
     auto *layout = new QVBoxLayout(group);
     layout->setSpacing(Spacing);
-    optDefaultFormat_ = new QButtonGroup(group);
+    QButtonGroup *optDefaultFormat = BuildGroup(group, field::DefaultFormat);
     for (const int index : messages::PowerOnScreenOrder)
-        layout->addWidget(
-            BuildOption("optDefaultFormat", index, messages::PowerOnFormats[index], optDefaultFormat_));
-    connect(optDefaultFormat_, &QButtonGroup::idClicked, this, StoreIn(&SystemBlock::DefaultFormat));
+        layout->addWidget(BuildOption("optDefaultFormat", field::DefaultFormat, index, optDefaultFormat));
     return group;
 }
 
@@ -74,10 +62,9 @@ QGroupBox *OptionsPanel::BuildF1Key()
     auto *group = new QGroupBox("F1 (MONO) Format Key Assignment");
     auto *layout = new QVBoxLayout(group);
     layout->setSpacing(Spacing);
-    optF1Key_ = new QButtonGroup(group);
-    for (int index = 0; index < int(messages::F1Captions.size()); ++index)
-        layout->addWidget(BuildOption("optF1Key", index, messages::F1Captions[index].option, optF1Key_));
-    connect(optF1Key_, &QButtonGroup::idClicked, this, &OptionsPanel::optF1Key_Click);
+    QButtonGroup *optF1Key = BuildGroup(group, field::F1KeyMode);
+    for (int index = 0; index <= FieldOf(field::F1KeyMode).scale->last; ++index)
+        layout->addWidget(BuildOption("optF1Key", field::F1KeyMode, index, optF1Key));
     return group;
 }
 
@@ -85,16 +72,12 @@ QGroupBox *OptionsPanel::BuildNonsync()
 {
     auto *group = new QGroupBox("Non-Sync");
     auto *layout = new QFormLayout(group);
-    cboNonsyncMode_ = BuildList("cboNonsyncMode", "Non-sync outputs");
-    for (const char *mode : messages::NonsyncModes)
-        cboNonsyncMode_->addItem(mode);
-    cboNonsyncTrim_ = BuildList("cboNonsyncTrim", "Non-sync trim");
-    for (int trim = 0; trim <= HighestNonsyncTrim; ++trim)
-        cboNonsyncTrim_->addItem(QString("%1 dB").arg(-trim));
-    layout->addRow("Outputs:", cboNonsyncMode_);
-    layout->addRow("Trim:", cboNonsyncTrim_);
-    connect(cboNonsyncMode_, &QComboBox::activated, this, StoreIn(&SystemBlock::NonsyncMode));
-    connect(cboNonsyncTrim_, &QComboBox::activated, this, StoreIn(&SystemBlock::NonsyncTrim));
+    QComboBox *mode = BuildList("cboNonsyncMode", field::NonsyncMode);
+    AddChoices(mode, field::NonsyncMode);
+    QComboBox *trim = BuildList("cboNonsyncTrim", field::NonsyncTrim);
+    AddChoices(trim, field::NonsyncTrim);
+    layout->addRow("Outputs:", mode);
+    layout->addRow("Trim:", trim);
     return group;
 }
 
@@ -102,14 +85,11 @@ QGroupBox *OptionsPanel::BuildDelays()
 {
     auto *group = new QGroupBox("Delays");
     auto *layout = new QFormLayout(group);
-    cboReaderDelay_ = BuildList("cboReaderDelay", "Optical reader delay");
-    cboSurroundDelay_ = BuildList("cboSurroundDelay", "Surround delay");
-    for (int index = 0; index < SurroundDelayCount; ++index)
-        cboSurroundDelay_->addItem(QString("%1 mS").arg(10 * index));
+    cboReaderDelay_ = BuildList("cboReaderDelay", field::ReaderDelay);
+    QComboBox *surround = BuildList("cboSurroundDelay", field::SurroundDelay);
+    AddChoices(surround, field::SurroundDelay);
     layout->addRow("Reader:", cboReaderDelay_);
-    layout->addRow("Surround:", cboSurroundDelay_);
-    connect(cboReaderDelay_, &QComboBox::activated, this, &OptionsPanel::cboReaderDelay_Click);
-    connect(cboSurroundDelay_, &QComboBox::activated, this, StoreIn(&SystemBlock::SurroundDelay));
+    layout->addRow("Surround:", surround);
     return group;
 }
 
@@ -123,72 +103,40 @@ QGroupBox *OptionsPanel::BuildMatrix()
     return group;
 }
 
-QComboBox *OptionsPanel::BuildList(const char *name, const QString &label)
+QComboBox *OptionsPanel::BuildList(const char *name, FieldId field)
 {
     auto *list = Named(new ChoiceList, name);
-    list->setAccessibleName(label);
+    list->setAccessibleName(QString::fromStdString(Name(field)));
+    choices_.emplace_back(field, editor_, list);
     return list;
+}
+
+QButtonGroup *OptionsPanel::BuildGroup(QWidget *parent, FieldId field)
+{
+    auto *group = new QButtonGroup(parent);
+    choices_.emplace_back(field, editor_, group);
+    return group;
 }
 
 void OptionsPanel::InitialiseLookupArrays()
 {
     cboReaderDelay_->clear();
-    for (int index = 0; index < ReaderDelayCount; ++index)
-        cboReaderDelay_->addItem(QString::fromStdString(ReaderDelayText(index)));
+    AddChoices(cboReaderDelay_, field::ReaderDelay);
 }
 
-void OptionsPanel::Show()
+void OptionsPanel::Show(const Changed &changed)
 {
-    const SystemBlock &system = settings_.System;
-    ShowChoice(cboSurroundDelay_, system.SurroundDelay);
-    ShowChoice(cboNonsyncMode_, system.NonsyncMode);
-    ShowChoice(cboNonsyncTrim_, system.NonsyncTrim);
-    ShowChoice(optDefaultFormat_, system.DefaultFormat);
-    ShowChoice(optF1Key_, system.F1KeyMode);
-    ShowChoice(chkDisableMatrix_, system.DisableMatrix);
-    ShowChoice(cboReaderDelay_, ReaderDelayIndex(system));
-}
-
-QString OptionsPanel::F1CaptionOfUnit() const
-{
-    const Byte mode = settings_.System.F1KeyMode;
-    return mode < messages::F1Captions.size() ? messages::F1Captions[mode].afterConnection
-                                              : messages::F1Unknown;
-}
-
-std::function<void(int)> OptionsPanel::StoreIn(Byte SystemBlock::*option)
-{
-    return [this, option](int index) {
-        settings_.System.*option = Byte(index);
-        SendOption();
-    };
-}
-
-void OptionsPanel::optF1Key_Click(int index)
-{
-    settings_.System.F1KeyMode = Byte(index);
-    SendOption();
-    showF1Caption_(messages::F1Captions[index].afterChoice);
-}
-
-void OptionsPanel::cboReaderDelay_Click(int index)
-{
-    SetReaderDelayIndex(settings_.System, index);
-    SendOption();
+    for (const FieldChoice &choice : choices_)
+        choice.Show(changed);
+    if (changed.Has(field::DisableMatrix))
+        ShowChoice(chkDisableMatrix_, editor_.Room().System.DisableMatrix);
 }
 
 void OptionsPanel::chkDisableMatrix_Click(bool checked)
 {
     // A click on the third state, which only an odd byte shows, has left it for good.
     chkDisableMatrix_->setTristate(false);
-    settings_.System.DisableMatrix = checked ? 1 : 0;
-    SendOption();
-}
-
-void OptionsPanel::SendOption()
-{
-    settings_.SettingsChanged = true;
-    link_.UploadToUnit(UploadSelector::SystemOnly, UploadTrigger::AfterEdit);
+    editor_.Apply(Edit::One(field::DisableMatrix, checked ? 1 : 0));
 }
 
 } // namespace kelvo

@@ -14,9 +14,9 @@
 
 namespace kelvo {
 
-MasterFader::MasterFader(Settings &settings, UnitLink &link, EntryWindow &entries, QWidget *window)
+MasterFader::MasterFader(Editor &editor, UnitLink &link, EntryWindow &entries, QWidget *window)
     : QObject(window),
-      settings_(settings),
+      editor_(editor),
       link_(link),
       entries_(entries),
       window_(window),
@@ -25,7 +25,7 @@ MasterFader::MasterFader(Settings &settings, UnitLink &link, EntryWindow &entrie
     sclVol_->setAccessibleName("Fader");
     Wire(sclVol_);
     for (int index = 0; index < FieldCount; ++index) {
-        auto *field = new LevelField(FaderRule, entries, [this](int tenths) { SetLevel(Word(tenths)); });
+        auto *field = new LevelField(FaderRule, entries, [this](int tenths) { SetLevel(tenths); });
         field->setAccessibleName("Fader");
         lblVol_[index] = Named(field, "lblVol", index);
     }
@@ -68,7 +68,7 @@ void MasterFader::Wire(LevelSlider *slider)
 
 void MasterFader::BuildDialog()
 {
-    frmFader_ = new FrmFader(window_, [this](int tenths) { SetLevel(Word(tenths)); });
+    frmFader_ = new FrmFader(window_, [this](int tenths) { SetLevel(tenths); });
     Wire(frmFader_->Slider());
     entries_.dialog = &frmFader_->Entries();
     master_->installEventFilter(this);
@@ -82,16 +82,21 @@ bool MasterFader::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
-void MasterFader::ReflectVolumeLevel(bool moveSlider)
+void MasterFader::Show(const Changed &changed)
 {
-    const QString text = QString::fromStdString(FaderRule.TextOf(settings_.FaderLevel));
-    const int position = FaderRule.PositionFor(settings_.FaderLevel);
+    if (changed.Has(field::Fader))
+        ReflectVolumeLevel();
+}
+
+void MasterFader::ReflectVolumeLevel()
+{
+    const int level = editor_.Room().FaderLevel;
+    const QString text = QString::fromStdString(FaderRule.TextOf(level));
     for (LevelField *field : lblVol_)
         field->ShowText(text);
     frmFader_->Field()->ShowText(text);
-    frmFader_->Slider()->ShowPosition(position);
-    if (moveSlider)
-        sclVol_->ShowPosition(position);
+    for (LevelSlider *slider : {frmFader_->Slider(), sclVol_})
+        slider->ShowPosition(FaderRule.PositionFor(level));
 }
 
 QString MasterFader::FieldText() const
@@ -130,7 +135,7 @@ bool MasterFader::FaderDialogActive() const
 
 void MasterFader::sclVol_Taken()
 {
-    takenAt_ = settings_.FaderLevel;
+    takenAt_ = editor_.Room().FaderLevel;
     // A poll must not move the thumb under the hand. What somebody else stopped is left alone.
     if (link_.Polling()) {
         pausedPolling_ = true;
@@ -142,49 +147,38 @@ void MasterFader::sclVol_Dropped()
 {
     if (std::exchange(pausedPolling_, false))
         link_.SetPolling(true);
-    if (settings_.FaderLevel != takenAt_)
-        Send();
+    const int level = editor_.Room().FaderLevel;
+    if (level != takenAt_)
+        editor_.Apply(Edit::One(field::Fader, level));
 }
 
 void MasterFader::sclVol_Step(int positions)
 {
-    if (settings_.Updating)
-        return;
-    const int level = std::clamp(settings_.FaderLevel - positions, 0, int(HighestFader));
-    settings_.FaderLevel = Word(level);
-    ReflectVolumeLevel(true);
+    const int level = std::clamp(editor_.Room().FaderLevel - positions, 0, FieldOf(field::Fader).scale->last);
+    editor_.Apply(Edit::One(field::Fader, level), Send::Later);
 }
 
+/// A slider that moved although nothing may be edited goes back.
 void MasterFader::sclVol_Moved(const LevelSlider &slider)
 {
-    if (!settings_.Updating)
-        settings_.FaderLevel = Word(FaderRule.StepsAt(slider.value()));
-    ReflectVolumeLevel(true);
+    editor_.Apply(Edit::One(field::Fader, FaderRule.StepsAt(slider.value())), Send::Later);
+    ReflectVolumeLevel();
 }
 
 void MasterFader::sclVol_Placed(const LevelSlider &slider)
 {
     const bool ofDialog = &slider != sclVol_;
-    if (ofDialog == FaderDialogActive() && !settings_.Updating)
-        SetLevel(Word(FaderRule.StepsAt(slider.value())));
-    else
-        ReflectVolumeLevel(true);
+    if (ofDialog == FaderDialogActive())
+        SetLevel(FaderRule.StepsAt(slider.value()));
+    ReflectVolumeLevel();
 }
 
 /// A level that the unit is known to hold already is not sent again.
-void MasterFader::SetLevel(Word level)
+void MasterFader::SetLevel(int level)
 {
-    const bool changed = level != settings_.FaderLevel;
-    settings_.FaderLevel = level;
-    ReflectVolumeLevel(true);
-    if (changed || link_.Holds().FaderLevel.value_or(level) != level)
-        Send();
-}
-
-void MasterFader::Send()
-{
-    if (!settings_.Updating)
-        link_.RetryFunction(UnitOp::SetVol);
+    const bool news =
+        level != editor_.Room().FaderLevel || link_.Holds().LiveOr(field::Fader, Word(level)) != level;
+    editor_.Apply(Edit::One(field::Fader, level), news ? Send::AfterEdit : Send::Later);
 }
 
 } // namespace kelvo

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "model/settings.h"
+#include "edit/editor.h"
 #include "ui/controls/entrywindow.h"
 #include "ui/controls/levelfield.h"
 #include "ui/controls/levelslider.h"
-#include "unit/unitlink.h"
+#include "ui/controls/panel.h"
 
 #include <QGroupBox>
 
@@ -15,14 +15,14 @@ namespace kelvo {
 class FrmFader;
 
 /// The unit's main volume in all its places: the frame beside the tabs, the "Master Fader" frames of
-/// three tabs and the fader dialog. `Settings::FaderLevel` is its home; one change on any of them is sent
+/// three tabs and the fader dialog. `RoomSettings::FaderLevel` is its home; one change on any of them is sent
 /// once.
-class MasterFader : public QObject {
+class MasterFader : public QObject, public Panel {
     Q_OBJECT
 
   public:
     /// `window` is the main window: it owns the dialog `frmFader` and the boxes.
-    MasterFader(Settings &settings, UnitLink &link, EntryWindow &entries, QWidget *window);
+    MasterFader(Editor &editor, UnitLink &link, EntryWindow &entries, QWidget *window);
 
     /// `Frame1(5)`: slider `sclVol`, its label and `lblVol(3)`.
     QGroupBox *BuildMaster();
@@ -32,8 +32,7 @@ class MasterFader : public QObject {
     /// find the main one first.
     void BuildDialog();
 
-    /// Brings every fader display into line with `Settings::FaderLevel`; nothing is sent.
-    void ReflectVolumeLevel(bool moveSlider);
+    void Show(const Changed &changed) override;
     /// The text of `lblVol(0)`.
     QString FieldText() const;
     /// Puts "7.0" into `lblVol(0)` and validates it.
@@ -45,6 +44,8 @@ class MasterFader : public QObject {
     bool eventFilter(QObject *watched, QEvent *event) override;
 
   private:
+    /// Brings every fader display into line with the room; nothing is sent.
+    void ReflectVolumeLevel();
     bool FaderDialogActive() const;
     void Wire(LevelSlider *slider);
     void sclVol_Step(int positions);
@@ -53,12 +54,11 @@ class MasterFader : public QObject {
     void sclVol_Taken();
     void sclVol_Dropped();
     void cmdAdjust_Click();
-    void SetLevel(Word level);
-    void Send();
+    void SetLevel(int level);
 
     static constexpr int FieldCount = 4;
 
-    Settings &settings_;
+    Editor &editor_;
     UnitLink &link_;
     EntryWindow &entries_;
     QWidget *window_;

@@ -6,7 +6,6 @@
 #include "ui/controls/messages.h"
 #include "ui/controls/named.h"
 #include "ui/controls/spacing.h"
-#include "ui/controls/uploadbutton.h"
 #include "ui/levels/messages.h"
 
 #include <QFormLayout>
@@ -27,17 +26,16 @@ constexpr std::array<LevelMark, 5> ObeMarks{
 
 } // namespace
 
-ObePanel::ObePanel(Settings &settings, UnitLink &link, EntryWindow &entries, QPushButton *cmdMute3,
-                   QWidget *faderFrame)
-    : settings_(settings),
+ObePanel::ObePanel(Editor &editor, UnitLink &link, EntryWindow &entries, const Guests &guests)
+    : editor_(editor),
       link_(link)
 {
     auto *right = new QVBoxLayout;
     right->setSpacing(GroupSpacing);
-    right->addWidget(BuildNoise(cmdMute3));
-    right->addWidget(faderFrame);
+    right->addWidget(BuildNoise(guests.cmdMute3));
+    right->addWidget(guests.faderFrame);
     right->addStretch();
-    right->addWidget(BuildUploadButton(2, link, entries));
+    right->addWidget(guests.cmdUp);
 
     auto *layout = new QGridLayout(this);
     layout->setHorizontalSpacing(GroupSpacing);
@@ -47,7 +45,7 @@ ObePanel::ObePanel(Settings &settings, UnitLink &link, EntryWindow &entries, QPu
     for (int column = 0; column < 3; ++column)
         layout->setColumnMinimumWidth(column, ColumnWidth);
     layout->setColumnStretch(3, 1);
-    Show();
+    ReflectOBEStatus(false);
 }
 
 QGroupBox *ObePanel::BuildObe()
@@ -60,7 +58,8 @@ QGroupBox *ObePanel::BuildObe()
     connect(cmdOBEEnable_, &QPushButton::clicked, this, &ObePanel::cmdOBEEnable_Click);
     cboObeF_ = Named(new ChoiceList, "cboObeF");
     cboObeF_->setAccessibleName("OBE frequency");
-    for (const char *frequency : messages::ObeFrequencies)
+    // The first choice of the field is "Off", which the button above says.
+    for (const char *frequency : FieldOf(field::ObeFreq).scale->choices.subspan(1))
         cboObeF_->addItem(frequency);
     connect(cboObeF_, &QComboBox::activated, this, &ObePanel::cboObeF_Click);
     layout->addWidget(cmdOBEEnable_);
@@ -72,8 +71,7 @@ QGroupBox *ObePanel::BuildObe()
 
 QGroupBox *ObePanel::BuildLevel(EntryWindow &entries)
 {
-    level_ = new LevelPair(ObeRule, entries, {"lblOBE", "sclOBE"},
-                           {[this](int position) { StoreLevel(position); }, [this] { Upload(); }}, this);
+    level_ = new LevelPair(field::ObeLevel, ObeRule, editor_, entries, {"lblOBE", "sclOBE"}, this);
     level_->SetAccessibleName("OBE level, dB");
     auto *board = new LevelBoard({ObeMarks.begin(), ObeMarks.end()});
     board->Add(level_->Slider(), 1);
@@ -101,76 +99,60 @@ QGroupBox *ObePanel::BuildNoise(QPushButton *cmdMute3)
     return group;
 }
 
-void ObePanel::Show()
+void ObePanel::Show(const Changed &changed)
 {
-    level_->ShowPosition(ObeRule.lastPosition - settings_.Audio.ObeLevel);
-    ReflectOBEStatus();
+    level_->Show(changed);
+    if (!changed.Has(field::ObeFreq))
+        return;
+    const int frequency = editor_.Room().Audio.ObeFreq;
+    if (frequency != 0)
+        ObeMode_ = frequency;
+    else if (changed.Adopted())
+        ObeMode_ = 1;
+    ReflectOBEStatus(changed.Adopted());
 }
 
-void ObePanel::ReflectOBEStatus()
+void ObePanel::ReflectOBEStatus(bool adopted)
 {
-    const bool on = settings_.ObeEnabled;
+    const bool on = ObeEnabled(editor_.Room().Audio);
     cmdOBEEnable_->SetOn(on);
-    ShowChoice(cboObeF_, settings_.ObeMode - 1);
+    ShowChoice(cboObeF_, ObeMode_ - 1);
     // Disabling the field takes what is typed in it, which is not for the unit's or a file's settings to do.
-    if (!on && settings_.Updating)
+    if (!on && adopted)
         level_->Field()->Drop();
     level_->Slider()->setEnabled(on);
     level_->Field()->setEnabled(on);
     cboObeF_->setEnabled(on);
 }
 
-void ObePanel::ShowTestSignalsOff()
+void ObePanel::ShowTestSignals(const TestSignals &playing)
 {
     for (const Noise &noise : noise_)
-        noise.button->SetOn(false);
+        noise.button->SetOn(playing.Pink[noise.channel]);
 }
 
 void ObePanel::LeaveTab()
 {
-    for (const Noise &noise : noise_) {
-        if (noise.button->SwitchOff(link_.Holds().Pink[noise.channel]))
-            link_.RetryFunction(UnitOp::SetPink, noise.channel, False);
-    }
+    for (const Noise &noise : noise_)
+        if (noise.button->SwitchOff(link_.Holds().Playing.Pink[noise.channel]))
+            SwitchNoise(link_, noise.channel, false);
 }
 
 void ObePanel::cmdOBEEnable_Click()
 {
-    settings_.ObeEnabled = !settings_.ObeEnabled;
-    settings_.Audio.ObeFreq = settings_.ObeEnabled ? settings_.ObeMode : Byte(0);
-    settings_.SettingsChanged = true;
-    Upload();
-    ReflectOBEStatus();
+    editor_.Apply(Edit::One(field::ObeFreq, ObeEnabled(editor_.Room().Audio) ? 0 : ObeMode_));
 }
 
 void ObePanel::cboObeF_Click(int index)
 {
-    if (!settings_.ObeEnabled)
-        return;
-    settings_.ObeMode = Byte(index + 1);
-    settings_.Audio.ObeFreq = settings_.ObeMode;
-    settings_.SettingsChanged = true;
-    Upload();
-}
-
-void ObePanel::StoreLevel(int position)
-{
-    if (settings_.Updating)
-        return;
-    settings_.Audio.ObeLevel = Byte(ObeRule.lastPosition - position);
-    settings_.SettingsChanged = true;
-    link_.ShowSent();
-}
-
-void ObePanel::Upload()
-{
-    link_.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::AfterEdit);
+    if (ObeEnabled(editor_.Room().Audio))
+        editor_.Apply(Edit::One(field::ObeFreq, index + 1));
 }
 
 void ObePanel::cmdNoise_Click(const Noise &noise)
 {
     noise.button->SetOn(!noise.button->IsOn());
-    link_.RetryFunction(UnitOp::SetPink, noise.channel, noise.button->IsOn() ? True : False);
+    SwitchNoise(link_, noise.channel, noise.button->IsOn());
 }
 
 } // namespace kelvo

@@ -1,10 +1,8 @@
 #pragma once
 
-#include "model/settings.h"
-#include "ui/controls/entrywindow.h"
 #include "ui/controls/levelpair.h"
+#include "ui/controls/panel.h"
 #include "ui/controls/statebutton.h"
-#include "unit/unitlink.h"
 
 #include <QComboBox>
 #include <QGroupBox>
@@ -16,27 +14,28 @@
 namespace kelvo {
 
 /// The tab "O&BE": the OBE function, its level and frequency, and its two noise buttons.
-class ObePanel : public QWidget {
+class ObePanel : public QWidget, public Panel {
     Q_OBJECT
 
   public:
-    /// `cmdMute3` and `faderFrame` are placed on the tab.
-    ObePanel(Settings &settings, UnitLink &link, EntryWindow &entries, QPushButton *cmdMute3,
-             QWidget *faderFrame);
+    /// What the main window places on the tab.
+    struct Guests {
+        QWidget *faderFrame;
+        QPushButton *cmdMute3;
+        QPushButton *cmdUp;
+    };
 
-    /// Level, frequency and state show the model.
-    void Show();
-    /// `cmdPNC` and `cmdPNS` read "Off"; nothing is sent.
-    void ShowTestSignalsOff();
-    /// Leaving the tab (and the options tab) switches their noise off.
-    void LeaveTab();
+    ObePanel(Editor &editor, UnitLink &link, EntryWindow &entries, const Guests &guests);
+
+    void Show(const Changed &changed) override;
+    void LeaveTab() override;
+    void ShowTestSignals(const TestSignals &playing) override;
 
   private:
-    void ReflectOBEStatus();
     /// A noise button and the channel that it plays on.
     struct Noise {
         ToggleButton *button;
-        Word channel;
+        int channel;
     };
 
     QGroupBox *BuildObe();
@@ -45,12 +44,13 @@ class ObePanel : public QWidget {
 
     void cmdOBEEnable_Click();
     void cboObeF_Click(int index);
-    void StoreLevel(int position);
-    void Upload();
     void cmdNoise_Click(const Noise &noise);
+    void ReflectOBEStatus(bool adopted);
 
-    Settings &settings_;
+    Editor &editor_;
     UnitLink &link_;
+    int ObeMode_ =
+        1; ///< the frequency that comes back when the function is switched on: 1 to 8 = 50 to 120 Hz
     ToggleButton *cmdOBEEnable_;
     QComboBox *cboObeF_;
     LevelPair *level_;

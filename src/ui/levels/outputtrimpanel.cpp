@@ -5,7 +5,6 @@
 #include "ui/controls/levelboard.h"
 #include "ui/controls/named.h"
 #include "ui/controls/taborder.h"
-#include "ui/controls/uploadbutton.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -32,17 +31,15 @@ ToggleButton *NarrowToggle(const char *on, const char *off)
 
 } // namespace
 
-OutputTrimPanel::OutputTrimPanel(Settings &settings, UnitLink &link, EntryWindow &entries, MuteButtons &mute,
-                                 QWidget *faderFrame)
-    : settings_(settings),
+OutputTrimPanel::OutputTrimPanel(Editor &editor, UnitLink &link, EntryWindow &entries, const Guests &guests)
+    : editor_(editor),
       link_(link),
-      entries_(entries),
-      mute_(mute)
+      entries_(entries)
 {
     auto *columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
     columns->addWidget(BuildChannels(), 1);
-    columns->addWidget(BuildCommands(faderFrame));
+    columns->addWidget(BuildCommands(guests));
     std::vector<QWidget *> sequence;
     for (const ChannelColumn &column : columns_) {
         sequence.push_back(column.trim->Slider());
@@ -53,7 +50,6 @@ OutputTrimPanel::OutputTrimPanel(Settings &settings, UnitLink &link, EntryWindow
     for (const ChannelColumn &column : columns_)
         sequence.push_back(column.cmdPhase);
     SetTabSequence(sequence);
-    Show();
 }
 
 QWidget *OutputTrimPanel::BuildChannels()
@@ -79,9 +75,10 @@ QWidget *OutputTrimPanel::BuildChannels()
 void OutputTrimPanel::BuildColumn(int channel, LevelBoard &board)
 {
     const QString name = ChannelName[channel];
-    auto *trim = new LevelPair(HalfDecibelRule, entries_, {"lblPNG", "sclPNG", channel},
-                               {[this, channel](int) { StoreTrim(channel); }, [this] { Upload(); }}, this);
-    trim->SetAccessibleName(name + ", output trim, dB");
+    const FieldId field = field::Trim(channel);
+    auto *trim =
+        new LevelPair(field, HalfDecibelRule, editor_, entries_, {"lblPNG", "sclPNG", channel}, this);
+    trim->SetAccessibleName(QString::fromStdString(Name(field)) + ", dB");
     auto *cmdPN = Named(NarrowToggle("On", "Off"), "cmdPN", channel);
     cmdPN->setAccessibleName(name + ", pink noise");
     auto *cmdPhase = Named(NarrowToggle("Inverted", "In Phase"), "cmdPhase", channel);
@@ -100,49 +97,35 @@ void OutputTrimPanel::BuildColumn(int channel, LevelBoard &board)
     Column(channel) = {trim, cmdPN, cmdPhase};
 }
 
-QWidget *OutputTrimPanel::BuildCommands(QWidget *faderFrame)
+QWidget *OutputTrimPanel::BuildCommands(const Guests &guests)
 {
     auto *cmdReset = Named(new QPushButton("Reset Trims"), "cmdReset");
     connect(cmdReset, &QPushButton::clicked, this, [this] { cmdReset_Click(); });
     auto *side = new QWidget;
     auto *rows = new QVBoxLayout(side);
     rows->setContentsMargins(0, 0, 0, 0);
-    rows->addWidget(faderFrame);
+    rows->addWidget(guests.faderFrame);
     rows->addStretch();
     rows->addWidget(cmdReset);
-    rows->addWidget(mute_.Build("cmdMute2"));
-    rows->addWidget(BuildUploadButton(0, link_, entries_));
+    rows->addWidget(guests.cmdMute2);
+    rows->addWidget(guests.cmdUp);
     return side;
 }
 
-void OutputTrimPanel::Show()
+void OutputTrimPanel::Show(const Changed &changed)
 {
-    for (int channel = 0; channel < ChannelCount; ++channel)
-        Column(channel).trim->ShowPosition(settings_.Audio.ChannelTrim[channel]);
-}
-
-void OutputTrimPanel::StoreTrim(int channel)
-{
-    if (settings_.Updating)
-        return;
-    settings_.Audio.ChannelTrim[channel] = Byte(Column(channel).trim->Position());
-    settings_.SettingsChanged = true;
-    link_.ShowSent();
-}
-
-void OutputTrimPanel::Upload()
-{
-    link_.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::AfterEdit);
+    for (const ChannelColumn &column : columns_)
+        column.trim->Show(changed);
 }
 
 void OutputTrimPanel::cmdReset_Click()
 {
     if (!entries_.CommitEntry())
         return;
-    settings_.Audio.ChannelTrim.fill(FlatHalfDecibel);
-    settings_.SettingsChanged = true;
-    Show();
-    Upload();
+    std::vector<Edit::Change> changes;
+    for (int channel = 0; channel < ChannelCount; ++channel)
+        changes.push_back({field::Trim(channel), FieldOf(field::Trim(channel)).scale->flat});
+    editor_.Apply(Edit::Of("Reset Trims", std::move(changes)));
 }
 
 // Test signals
@@ -152,17 +135,17 @@ void OutputTrimPanel::cmdPN_Click(int channel)
     ToggleButton &cmdPN = *Column(channel).cmdPN;
     const bool on = !cmdPN.IsOn();
     // A noise on a muted unit would stay unheard and puzzle whoever listens for it.
-    if (on && settings_.MuteState != False)
-        mute_.cmdMute_Click();
+    if (on && editor_.Room().MuteState != False)
+        editor_.Apply(ToggleMute(editor_.Room()));
     cmdPN.SetOn(on);
-    link_.RetryFunction(UnitOp::SetPink, Word(channel), on ? True : False);
+    SwitchNoise(link_, channel, on);
 }
 
 void OutputTrimPanel::cmdPhase_Click(int channel)
 {
     ToggleButton &cmdPhase = *Column(channel).cmdPhase;
     cmdPhase.SetOn(!cmdPhase.IsOn());
-    link_.RetryFunction(UnitOp::SetPhase, Word(channel), cmdPhase.IsOn() ? True : False);
+    SwitchPhase(link_, channel, cmdPhase.IsOn());
 }
 
 void OutputTrimPanel::ShowNoiseOff()
@@ -171,23 +154,22 @@ void OutputTrimPanel::ShowNoiseOff()
         column.cmdPN->SetOn(false);
 }
 
-void OutputTrimPanel::ShowTestSignalsOff()
+void OutputTrimPanel::ShowTestSignals(const TestSignals &playing)
 {
-    ShowNoiseOff();
-    for (const ChannelColumn &column : columns_)
-        column.cmdPhase->SetOn(false);
+    for (int channel = 0; channel < ChannelCount; ++channel) {
+        Column(channel).cmdPN->SetOn(playing.Pink[channel]);
+        Column(channel).cmdPhase->SetOn(playing.Inverted[channel]);
+    }
 }
 
 void OutputTrimPanel::LeaveTab()
 {
-    for (int channel = 0; channel < ChannelCount; ++channel) {
-        if (Column(channel).cmdPN->SwitchOff(link_.Holds().Pink[channel]))
-            link_.RetryFunction(UnitOp::SetPink, Word(channel), False);
-    }
-    for (int channel = 0; channel < ChannelCount; ++channel) {
-        if (Column(channel).cmdPhase->SwitchOff(link_.Holds().Inverted[channel]))
-            link_.RetryFunction(UnitOp::SetPhase, Word(channel), False);
-    }
+    for (int channel = 0; channel < ChannelCount; ++channel)
+        if (Column(channel).cmdPN->SwitchOff(link_.Holds().Playing.Pink[channel]))
+            SwitchNoise(link_, channel, false);
+    for (int channel = 0; channel < ChannelCount; ++channel)
+        if (Column(channel).cmdPhase->SwitchOff(link_.Holds().Playing.Inverted[channel]))
+            SwitchPhase(link_, channel, false);
 }
 
 } // namespace kelvo

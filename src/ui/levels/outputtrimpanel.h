@@ -1,11 +1,8 @@
 #pragma once
 
-#include "model/settings.h"
-#include "ui/controls/entrywindow.h"
 #include "ui/controls/levelpair.h"
+#include "ui/controls/panel.h"
 #include "ui/controls/statebutton.h"
-#include "ui/formats/mutebuttons.h"
-#include "unit/unitlink.h"
 
 #include <QWidget>
 
@@ -14,22 +11,24 @@
 namespace kelvo {
 
 /// The tab "&Output Trim": six channels with trim, pink noise and phase.
-class OutputTrimPanel : public QWidget {
+class OutputTrimPanel : public QWidget, public Panel {
     Q_OBJECT
 
   public:
-    /// `faderFrame` is the frame placed beside the channels; `mute` gives `cmdMute2`.
-    OutputTrimPanel(Settings &settings, UnitLink &link, EntryWindow &entries, MuteButtons &mute,
-                    QWidget *faderFrame);
+    /// What the main window places on the tab.
+    struct Guests {
+        QWidget *faderFrame;
+        QPushButton *cmdMute2;
+        QPushButton *cmdUp;
+    };
 
-    /// The trims show the model.
-    void Show();
-    /// All noise buttons read "Off" and all phase buttons "In Phase"; nothing is sent.
-    void ShowTestSignalsOff();
+    OutputTrimPanel(Editor &editor, UnitLink &link, EntryWindow &entries, const Guests &guests);
+
+    void Show(const Changed &changed) override;
+    void LeaveTab() override;
+    void ShowTestSignals(const TestSignals &playing) override;
     /// The six `cmdPN` read "Off"; nothing is sent.
     void ShowNoiseOff();
-    /// Leaving the tab switches off what it left running.
-    void LeaveTab();
 
   private:
     struct ChannelColumn {
@@ -40,19 +39,16 @@ class OutputTrimPanel : public QWidget {
 
     QWidget *BuildChannels();
     void BuildColumn(int channel, class LevelBoard &board);
-    QWidget *BuildCommands(QWidget *faderFrame);
+    QWidget *BuildCommands(const Guests &guests);
 
     void cmdPN_Click(int channel);
     void cmdPhase_Click(int channel);
     void cmdReset_Click();
-    void StoreTrim(int channel);
-    void Upload();
     ChannelColumn &Column(int channel) { return columns_[channel]; }
 
-    Settings &settings_;
+    Editor &editor_;
     UnitLink &link_;
     EntryWindow &entries_;
-    MuteButtons &mute_;
     std::array<ChannelColumn, ChannelCount> columns_{};
 };
 

@@ -3,6 +3,7 @@
 #include "model/tables.h"
 #include "ui/main/frmmain.h"
 #include "ui/main/messages.h"
+#include "unit/sequences.h"
 
 #include <QAction>
 #include <QDir>
@@ -49,42 +50,26 @@ void FrmMain::mnuNew_Click()
 {
     if (!entries_.CommitEntry())
         return;
-    if (settings_.SettingsChanged && kelvo::Ask(this, messages::SaveChanges) && !SaveAsked())
+    if (file_.SettingsChanged && Ask(this, messages::SaveChanges) && !SaveAsked())
         return;
-    ResetConsole();
+    RoomSettings room = room_;
+    ResetAll(room);
+    room.TheaterInfo = {};
+    editor_.Adopt(std::move(room), Source::Reset);
+    ShowTestSignals({});
     ShowTitle(messages::Untitled);
-    settings_.TheaterInfo = {};
-    theater_->ApplyTheaterTabFields();
-    settings_.FileLoaded = false;
-    settings_.SettingsChanged = false;
+    file_.FileLoaded = false;
+    file_.SettingsChanged = false;
     // The open file's name stays with the settings; with Save disabled it is never written by mistake.
     mnuSave_->setEnabled(false);
     dialogFile_.clear();
-    ShowSent();
-}
-
-void FrmMain::ResetConsole()
-{
-    const FlagGuard resetting(settings_.Updating);
-    ResetAll(settings_);
-    ReflectVolumeLevel(true);
-    ReflectMuteStatus();
-    ReflectModeStatus();
-    ShowSystemSettings();
-    ShowAudioSettings();
-    LoadChannelData();
-    outputTrim_->ShowTestSignalsOff();
-    equaliser_->ShowTestSignalsOff();
-    obe_->ShowTestSignalsOff();
-    optical_->ShowTestSignalsOff();
 }
 
 void FrmMain::mnuLoad_Click()
 {
     if (!entries_.CommitEntry())
         return;
-    if (settings_.FileLoaded && settings_.SettingsChanged && kelvo::Ask(this, messages::SaveChanges) &&
-        !SaveAsked())
+    if (file_.FileLoaded && file_.SettingsChanged && Ask(this, messages::SaveChanges) && !SaveAsked())
         return;
     QFileDialog dialog(this);
     dialog.setFileMode(QFileDialog::ExistingFile);
@@ -97,51 +82,34 @@ void FrmMain::mnuLoad_Click()
 bool FrmMain::OpenFile(const QString &path)
 {
     link_.SetPolling(false);
-    const auto failure = LoadConfigFile(path.toStdString(), settings_);
+    RoomSettings room = room_;
+    const auto failure = LoadConfigFile(path.toStdString(), room);
     if (failure) {
         TellFailure(this, messages::CannotOpen, path, *failure);
     } else {
-        ShowLoadedSettings();
-        settings_.CurrentFileName = path.toStdString();
+        {
+            const FlagGuard loading(link_.Updating);
+            editor_.Adopt(std::move(room), Source::File);
+            SendLoadedValues(link_, optical_->Stream());
+        }
+        file_.CurrentFileName = path.toStdString();
         dialogFile_ = path;
         mnuSave_->setEnabled(true);
         ShowTitle(QDir::toNativeSeparators(path));
-        settings_.SettingsChanged = false;
-        settings_.FileLoaded = true;
+        file_.SettingsChanged = false;
+        file_.FileLoaded = true;
     }
     // A stream keeps the poll off until it stops.
-    if (!optical_->Streaming())
+    if (!optical_->Stream().Running())
         link_.SetPolling(true);
-    ShowSent();
     return !failure;
-}
-
-void FrmMain::ShowLoadedSettings()
-{
-    const FlagGuard loading(settings_.Updating);
-    link_.RetryFunction(UnitOp::SetVol);
-    ReflectVolumeLevel(true);
-    // While a stream runs, the loaded format waits until its stop selects it.
-    if (!optical_->Streaming())
-        link_.RetryFunction(UnitOp::SelectFormat);
-    ReflectModeStatus();
-    const auto sendMute = [this] { link_.RetryFunction(UnitOp::SetMute); };
-    if (optical_->Streaming())
-        optical_->WithoutStream(sendMute);
-    else
-        sendMute();
-    ReflectMuteStatus();
-    LoadChannelData();
-    link_.ApplyUnitSystemSettings();
-    link_.ApplyUnitAudioSettings();
-    theater_->ApplyTheaterTabFields();
 }
 
 bool FrmMain::Save()
 {
-    if (settings_.CurrentFileName.empty())
+    if (file_.CurrentFileName.empty())
         return SaveAs();
-    return entries_.CommitEntry() && SaveTo(QString::fromStdString(settings_.CurrentFileName));
+    return entries_.CommitEntry() && SaveTo(QString::fromStdString(file_.CurrentFileName));
 }
 
 bool FrmMain::SaveAs()
@@ -168,7 +136,7 @@ QString FrmMain::ProposedName() const
     QString last = QFileInfo(dialogFile_).fileName();
     if (!last.isEmpty() && last != DefaultName)
         return last;
-    const QString theater = QString::fromStdString(settings_.TheaterInfo[TheaterName]);
+    const QString theater = QString::fromStdString(room_.TheaterInfo[NameOfTheater]);
     return theater.isEmpty() ? QString(DefaultName) : AsFileName(theater) + ".zcf";
 }
 
@@ -179,15 +147,13 @@ bool FrmMain::SaveAsked()
 
 bool FrmMain::SaveTo(const QString &path)
 {
-    equaliser_->SaveChannelData();
-    const std::string before = std::exchange(settings_.CurrentFileName, path.toStdString());
-    if (const auto failure = SaveConfigFile(settings_)) {
-        settings_.CurrentFileName = before;
+    if (const auto failure = SaveConfigFile(path.toStdString(), room_)) {
         TellFailure(this, messages::CannotSave, path, *failure);
         return false;
     }
+    file_.CurrentFileName = path.toStdString();
     ShowTitle(QDir::toNativeSeparators(path));
-    settings_.SettingsChanged = false;
+    file_.SettingsChanged = false;
     return true;
 }
 

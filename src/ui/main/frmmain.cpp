@@ -3,6 +3,7 @@
 #include "ui/controls/appearance.h"
 #include "ui/controls/named.h"
 #include "ui/controls/spacing.h"
+#include "ui/controls/uploadbutton.h"
 #include "ui/main/messages.h"
 
 #include <QApplication>
@@ -80,14 +81,18 @@ QTimer *Timer(QObject *window, const char *name, int interval, auto handler)
 
 } // namespace
 
-FrmMain::FrmMain(Settings &settings, DeviceLibrary &library, WallClock &clock, Places places)
-    : settings_(settings),
+FrmMain::FrmMain(RoomSettings &room, Preferences &options, FileState &file, DeviceLibrary &library,
+                 WallClock &clock, Places places)
+    : room_(room),
+      options_(options),
+      file_(file),
       library_(library),
       clock_(clock),
       places_(std::move(places)),
-      link_(settings, library, *this, clock),
-      masterFader_(new MasterFader(settings, link_, entries_, this)),
-      mute_(new MuteButtons(settings, link_, this))
+      link_(room, options, library, *this, clock),
+      editor_(room, file, link_, [this](const Changed &changed) { Show(changed); }),
+      masterFader_(new MasterFader(editor_, link_, entries_, this)),
+      mute_(new MuteButtons(editor_, this))
 {
     Named(this, "frmMain");
     ShowTitle(messages::Untitled);
@@ -110,27 +115,31 @@ FrmMain::~FrmMain()
 
 void FrmMain::BuildPanels()
 {
+    std::array<QPushButton *, 5> cmdUp;
+    for (int index = 0; index < int(cmdUp.size()); ++index)
+        cmdUp[index] = BuildUploadButton(index, link_, entries_);
     QWidget *faderOfTrim = masterFader_->BuildFrame("Frame1(1)", 0);
     QWidget *faderOfEq = masterFader_->BuildFrame("Frame8(0)", 1);
     QWidget *faderOfObe = masterFader_->BuildFrame("Frame8(1)", 2);
-    outputTrim_ = new OutputTrimPanel(settings_, link_, entries_, *mute_, faderOfTrim);
-    equaliser_ = new EqualiserPanel(settings_, link_, entries_, *mute_, *masterFader_, faderOfEq);
-    obe_ = new ObePanel(settings_, link_, entries_, mute_->Build("cmdMute3"), faderOfObe);
-    optical_ = new OpticalPanel(settings_, link_, entries_,
-                                {.window = this,
-                                 .cmdMute4 = mute_->BuildShowing("cmdMute4"),
-                                 .toggleMute = [this] { mute_->cmdMute_Click(); },
-                                 .showNoiseOff = [this] { outputTrim_->ShowNoiseOff(); },
-                                 .enableBaudMenu = [this](bool enable) { mnuBaud_->setEnabled(enable); },
-                                 .timersMayTouchUnit = [this] { return TimersMayTouchUnit(); }});
+    StateButton *cmdMute4 = mute_->BuildShowing("cmdMute4");
+    outputTrim_ =
+        new OutputTrimPanel(editor_, link_, entries_, {faderOfTrim, mute_->Build("cmdMute2"), cmdUp[0]});
+    equaliser_ = new EqualiserPanel(editor_, link_, entries_, {faderOfEq, mute_->Build("cmdMute"), cmdUp[1]});
+    obe_ = new ObePanel(editor_, link_, entries_, {faderOfObe, mute_->Build("cmdMute3"), cmdUp[2]});
+    optical_ =
+        new OpticalPanel(editor_, link_, {this, cmdMute4, cmdUp[3], [this] { return TimersMayTouchUnit(); }});
+    connect(optical_, &OpticalPanel::NoiseShownOff, outputTrim_, &OutputTrimPanel::ShowNoiseOff);
+    connect(optical_, &OpticalPanel::StreamShown, this, [this](bool running) {
+        mnuBaud_->setEnabled(!running);
+        mnuRef_->setEnabled(!running);
+    });
     QWidget *formatSelection = BuildFormatSelection();
-    options_ = new OptionsPanel(settings_, link_, entries_,
-                                [this](const QString &caption) { modes_->SetF1Caption(caption); });
-    theater_ = new TheaterPanel(settings_, [this] { mnuSet_Click(); });
+    optionsPanel_ = new OptionsPanel(editor_, cmdUp[4]);
+    theater_ = new TheaterPanel(editor_, [this] { mnuSet_Click(); });
     help_ = new HelpPanel;
 
-    const std::array<QWidget *, TabCount> panels{formatSelection, outputTrim_, equaliser_, obe_,
-                                                 optical_,        options_,    theater_,   help_};
+    const std::array<QWidget *, TabCount> panels{formatSelection, outputTrim_,   equaliser_, obe_,
+                                                 optical_,        optionsPanel_, theater_,   help_};
     SSTAB1_ = Named(new QTabWidget, "SSTAB1");
     auto *narrowTabs = new NarrowTabs;
     narrowTabs->setParent(SSTAB1_);
@@ -147,12 +156,17 @@ void FrmMain::BuildPanels()
         layout->addWidget(panels[tab], 1);
         SSTAB1_->addTab(frmtabs_[tab], TabCaption[tab]);
     }
+    panels_ = {modes_, mute_, masterFader_, outputTrim_, equaliser_, obe_, optical_, optionsPanel_, theater_};
+    // Deliberate: noise of the OBE tab that still sounds does not outlast the options tab either.
+    panelOfTab_ = {nullptr, outputTrim_, equaliser_, obe_, optical_, obe_, nullptr, nullptr};
+    connected_ = {cmdUp[0], cmdUp[1],    cmdUp[2],  cmdUp[3], cmdUp[4],
+                  modes_,   faderOfTrim, faderOfEq, cmdMute4, faderOfObe};
     connect(SSTAB1_, &QTabWidget::currentChanged, this, &FrmMain::SSTAB1_Click);
 }
 
 QWidget *FrmMain::BuildFormatSelection()
 {
-    modes_ = new ModeButtons(settings_, link_);
+    modes_ = new ModeButtons(editor_);
     auto *information = Named(new QGroupBox(messages::UnitInformation), "Frame1", 21);
     unitInformation_ = information;
     auto *lines = new QVBoxLayout(information);
@@ -198,7 +212,8 @@ QWidget *FrmMain::BuildMasterColumn()
     layout->addWidget(lblStat_);
     layout->addWidget(cmdConnect_);
     layout->addWidget(lblSent_);
-    layout->addWidget(masterFader_->BuildMaster(), 1);
+    connected_.push_back(masterFader_->BuildMaster());
+    layout->addWidget(connected_.back(), 1);
     layout->addWidget(lblClock_);
     return column;
 }
@@ -232,7 +247,7 @@ void FrmMain::BuildTimers()
     Timer(this, "tmrRefresh", Second, [this] {
         // A read-back waits for the hand, and for the stream, whose format it would take over.
         if (TimersMayTouchUnit())
-            link_.RefreshTick(!entries_.HoldsSlider() && !optical_->Streaming());
+            link_.RefreshTick(!entries_.HoldsSlider() && !optical_->Stream().Running());
     })->start();
     const auto showTime = [this] {
         lblClock_->setText(QString::fromStdString(clock_.TimeText(clock_.Now())));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/settings.h"
+#include "model/roomsettings.h"
 #include "ui/controls/boxes.h"
 #include "ui/controls/entrywindow.h"
 #include "ui/equaliser/equaliserpanel.h"
@@ -47,7 +47,8 @@ class FrmMain final : public QMainWindow, private LinkView {
     Q_OBJECT
 
   public:
-    FrmMain(Settings &settings, DeviceLibrary &library, WallClock &clock, Places places);
+    FrmMain(RoomSettings &room, Preferences &options, FileState &file, DeviceLibrary &library,
+            WallClock &clock, Places places);
     ~FrmMain() override;
 
     /// Adds the menu "Simulated Unit", which opens the knobs of a unit that exists in memory alone.
@@ -77,28 +78,16 @@ class FrmMain final : public QMainWindow, private LinkView {
 
     // What the link shows.
     void ShowConnectStatus(LinkState state) override;
-    void RepaintWindow() override;
     void EnableFrames(bool enable) override;
     void SetPolling(bool on) override;
-    void ShowProgress(std::string_view caption) override;
-    void ShowAttempt(int failures) override;
-    void HideUnitVersion() override;
+    void ShowProgress(std::string_view caption, int failures) override;
     void ShowUnitVersion(const std::array<std::string, 3> &lines) override;
-    void ShowError(std::string_view title, std::string_view text) override;
-    bool Ask(std::string_view title, std::string_view text) override;
-    void ReflectModeStatus() override;
-    void ReflectMuteStatus() override;
-    void ReflectVolumeLevel(bool moveSlider) override;
-    void ShowSystemSettings() override;
-    void ShowAudioSettings() override;
-    void LoadChannelData() override;
-    void ShowF1Format() override;
-    void ShowSettingsFromUnit() override;
-    void ShowDate() override;
+    bool ShowBox(LinkBox kind, std::string_view title, std::string_view text) override;
+    void Show(const Changed &changed) override;
     void ShowSent() override;
     void StreamLock(bool locked) override;
-    void StopRunningStream() override;
 
+    void ShowTestSignals(const TestSignals &playing);
     void ShowTitle(const QString &name);
     /// One guard for every timer: none touches the unit while a box is open or a call is in progress.
     bool TimersMayTouchUnit() const;
@@ -120,15 +109,12 @@ class FrmMain final : public QMainWindow, private LinkView {
     // File commands.
     void mnuNew_Click();
     void mnuLoad_Click();
-    /// The reset that New and a start without a unit share.
-    void ResetConsole();
     bool Save();
     bool SaveAs();
     /// The save that a question asked for; through Save As when Save is disabled.
     bool SaveAsked();
     bool SaveTo(const QString &path);
     QString ProposedName() const;
-    void ShowLoadedSettings();
 
     // Tabs.
     void SSTAB1_Click(int tab);
@@ -137,6 +123,7 @@ class FrmMain final : public QMainWindow, private LinkView {
 
     // Keys.
     bool PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers modifiers, bool repeat);
+    bool RunShortcut(int key, bool repeat);
     bool PreviewHelpKey(QWidget *receiver, int key, Qt::KeyboardModifiers modifiers);
 
     // Start-up and shut-down.
@@ -150,14 +137,16 @@ class FrmMain final : public QMainWindow, private LinkView {
     void TidyUp();
     void RevertToSnapshot();
     void WritePreferencesFile();
-    void EndConnection();
     void CarryOutClose();
 
-    Settings &settings_;
+    RoomSettings &room_;
+    Preferences &options_;
+    FileState &file_;
     DeviceLibrary &library_;
     WallClock &clock_;
     Places places_;
     UnitLink link_;
+    Editor editor_;
     EntryWindow entries_;
 
     MasterFader *masterFader_;
@@ -167,11 +156,14 @@ class FrmMain final : public QMainWindow, private LinkView {
     EqualiserPanel *equaliser_ = nullptr;
     ObePanel *obe_ = nullptr;
     OpticalPanel *optical_ = nullptr;
-    OptionsPanel *options_ = nullptr;
+    OptionsPanel *optionsPanel_ = nullptr;
     TheaterPanel *theater_ = nullptr;
     HelpPanel *help_ = nullptr;
 
     QTabWidget *SSTAB1_ = nullptr;
+    std::vector<Panel *> panels_;                ///< everything that shows the room
+    std::vector<QWidget *> connected_;           ///< enabled while a unit is connected, in this order
+    std::array<Panel *, TabCount> panelOfTab_{}; ///< null where leaving switches nothing off
     std::array<QWidget *, TabCount> frmtabs_{};
     std::array<QLabel *, TabCount> lblHint_{};
     QLabel *lblStat_ = nullptr;
@@ -185,6 +177,7 @@ class FrmMain final : public QMainWindow, private LinkView {
 
     QMenu *mnuFile_ = nullptr;
     QMenu *mnuOpt_ = nullptr;
+    QAction *mnuRef_ = nullptr;
     QMenu *mnuBaud_ = nullptr;
     QMenu *mnuSimulator_ = nullptr; ///< only with the simulated unit
     QAction *mnuSave_ = nullptr;
@@ -194,6 +187,7 @@ class FrmMain final : public QMainWindow, private LinkView {
 
     QTimer *tmrPoll_ = nullptr;
 
+    Word baudIndex_ = 0;          ///< 0 to 3 = 9600, 19200, 38400, 57600; not stored
     int shownTab_ = 0;
     bool useSystemTime_ = true;   ///< `mnuSys`
     bool started_ = false;        ///< the start-up sequence is over

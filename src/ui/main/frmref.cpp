@@ -38,7 +38,7 @@ FrmRef::FrmRef(Preferences &options, QWidget *parent) : QDialog(parent), options
     Command1->setDefault(true);
     connect(Command1, &QPushButton::clicked, this, &QDialog::close);
 
-    chkRef_->setChecked(options.AutoRefresh == 1);
+    chkRef_->setChecked(options.AutoRefresh);
     txtRef_->setEnabled(chkRef_->isChecked());
     connect(chkRef_, &QCheckBox::toggled, txtRef_, &QWidget::setEnabled);
 
@@ -55,7 +55,7 @@ FrmRef::FrmRef(Preferences &options, QWidget *parent) : QDialog(parent), options
 void FrmRef::done(int result)
 {
     options_.RefreshSeconds = RefreshPeriod(txtRef_->text()).value_or(options_.RefreshSeconds);
-    options_.AutoRefresh = chkRef_->isChecked() ? 1 : 0;
+    options_.AutoRefresh = chkRef_->isChecked();
     QDialog::done(result);
 }
 

@@ -6,6 +6,8 @@
 #include <QTabWidget>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 namespace kelvo {
 
 bool FrmMain::eventFilter(QObject *watched, QEvent *event)
@@ -47,13 +49,36 @@ bool FrmMain::PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers modif
     if (Tab(shownTab_) == Tab::Help)
         return PreviewHelpKey(receiver, key, modifiers);
 
-    constexpr int LastCharacter = 0xff; // beyond it stand the keys that are no characters
-    const bool shortcuts = key <= LastCharacter && settings_.Options.Shortcuts &&
-                           modifiers == Qt::ControlModifier && Tab(shownTab_) == Tab::Eq &&
-                           frmtabs_[int(Tab::Eq)]->isEnabled();
-    if (shortcuts && repeat)
+    const bool shortcuts = options_.Shortcuts && modifiers == Qt::ControlModifier &&
+                           Tab(shownTab_) == Tab::Eq && frmtabs_[int(Tab::Eq)]->isEnabled();
+    return shortcuts && RunShortcut(key, repeat);
+}
+
+/// The Ctrl shortcuts of the equaliser tab; false for a key that is none.
+bool FrmMain::RunShortcut(int key, bool repeat)
+{
+    constexpr std::array<int, ChannelCount> ChannelKeys{Qt::Key_L, Qt::Key_P, Qt::Key_C,
+                                                        Qt::Key_Q, Qt::Key_R, Qt::Key_E};
+    const auto channel = std::ranges::find(ChannelKeys, key);
+    const bool ofChannel = channel != ChannelKeys.end();
+    if (!ofChannel && key != Qt::Key_M && key != Qt::Key_7 && key != Qt::Key_G)
+        return false;
+    if (repeat)
         return true;
-    return shortcuts && !link_.InCall() && equaliser_->RunShortcut(QChar(key).toLower());
+    if (link_.InCall())
+        return false;
+    // A level still being typed belongs to what was shown when it was begun. Sending it may lose the link.
+    if (!entries_.CommitEntry() || !frmtabs_[int(Tab::Eq)]->isEnabled())
+        return true;
+    if (ofChannel)
+        equaliser_->cmdEQChan_Click(int(channel - ChannelKeys.begin()));
+    else if (key == Qt::Key_M)
+        mute_->cmdMute_Click();
+    else if (key == Qt::Key_7)
+        masterFader_->cmdSet7_Click();
+    else
+        equaliser_->cmdPink_Click();
+    return true;
 }
 
 bool FrmMain::PreviewHelpKey(QWidget *receiver, int key, Qt::KeyboardModifiers modifiers)

@@ -20,12 +20,6 @@ struct Lamp {
 constexpr std::array<Lamp, 3> Lamps{
     {{Red, "Off Line"}, {Green, "On Line"}, {{QColor(255, 128, 0), QColorConstants::Black}, "Data?"}}};
 
-/// The frames and buttons that are enabled while a unit is connected, in this order; the visible tab's
-/// panel follows them.
-constexpr std::array<const char *, 11> ConnectedControls{"cmdUp(0)", "cmdUp(1)",  "cmdUp(2)",  "cmdUp(3)",
-                                                         "cmdUp(4)", "Frame1(3)", "Frame1(1)", "Frame8(0)",
-                                                         "cmdMute4", "Frame8(1)", "Frame1(5)"};
-
 QString Text(std::string_view text)
 {
     return QString::fromUtf8(text.data(), qsizetype(text.size()));
@@ -40,25 +34,20 @@ void FrmMain::ShowConnectStatus(LinkState state)
     lblStat_->setText(lamp.caption);
     // A failing call keeps the thread for seconds: the lamp must be on the screen before it goes on.
     lblStat_->repaint();
+    repaint();
 
     if (state == LinkState::InDoubt)
         return;
     for (QLabel *lblHint : lblHint_)
         lblHint->setVisible(state == LinkState::OffLine);
-}
-
-void FrmMain::RepaintWindow()
-{
-    repaint();
+    if (state == LinkState::OffLine)
+        optical_->Stream().StopIfRunning();
 }
 
 void FrmMain::EnableFrames(bool enable)
 {
-    for (const char *name : ConnectedControls) {
-        auto *control = findChild<QWidget *>(QLatin1String(name));
-        Q_ASSERT(control);
+    for (QWidget *control : connected_)
         control->setEnabled(enable);
-    }
     frmtabs_[shownTab_]->setEnabled(enable);
 }
 
@@ -70,98 +59,58 @@ void FrmMain::SetPolling(bool on)
         tmrPoll_->stop();
 }
 
-void FrmMain::ShowProgress(std::string_view caption)
+void FrmMain::ShowProgress(std::string_view caption, int failures)
 {
     // Shown once an attempt: its "Cancel" hides it until the next one.
     const bool first = !frmProg_;
     if (first)
         frmProg_ = std::make_unique<FrmProg>(this);
-    frmProg_->ShowCaption(Text(caption));
-    if (first)
-        frmProg_->ShowNow();
-}
-
-void FrmMain::ShowAttempt(int failures)
-{
-    if (frmProg_)
-        frmProg_->ShowFailures(failures);
+    if (failures == 0) {
+        frmProg_->ShowCaption(Text(caption));
+        if (first)
+            frmProg_->ShowNow();
+        return;
+    }
+    frmProg_->ShowFailures(failures);
     QApplication::processEvents();
-}
-
-void FrmMain::HideUnitVersion()
-{
-    unitInformation_->hide();
 }
 
 void FrmMain::ShowUnitVersion(const std::array<std::string, 3> &lines)
 {
     for (std::size_t line = 0; line < lines.size(); ++line)
         lnlInfo_[line]->setText(Text(lines[line]));
-    unitInformation_->show();
+    unitInformation_->setVisible(!lines[0].empty());
 }
 
-void FrmMain::ShowError(std::string_view title, std::string_view text)
+bool FrmMain::ShowBox(LinkBox kind, std::string_view title, std::string_view text)
 {
     const std::string titleText(title);
     const std::string boxText(text);
-    if (mayAsk_)
+    bool yes = false;
+    if (kind == LinkBox::YesOrNo)
+        yes = Ask(this, {Question, titleText.c_str(), boxText.c_str()});
+    else if (mayAsk_)
         Tell(this, {Exclamation, titleText.c_str(), boxText.c_str()});
-    CarryOutClose();
-}
-
-bool FrmMain::Ask(std::string_view title, std::string_view text)
-{
-    const std::string titleText(title);
-    const std::string boxText(text);
-    const bool yes = kelvo::Ask(this, {Question, titleText.c_str(), boxText.c_str()});
     CarryOutClose();
     return yes;
 }
 
-void FrmMain::ReflectModeStatus()
+void FrmMain::Show(const Changed &changed)
 {
-    modes_->ReflectModeStatus();
+    for (Panel *panel : panels_)
+        panel->Show(changed);
+    if (changed.source == Source::Connection)
+        ShowTestSignals(link_.Holds().Playing);
+    if (changed.source == Source::Connection || changed.source == Source::Update)
+        ShowTitle(messages::FromUnit);
+    if (changed.source == Source::Poll)
+        repaint();
 }
 
-void FrmMain::ReflectMuteStatus()
+void FrmMain::ShowTestSignals(const TestSignals &playing)
 {
-    mute_->ReflectMuteStatus();
-}
-
-void FrmMain::ReflectVolumeLevel(bool moveSlider)
-{
-    masterFader_->ReflectVolumeLevel(moveSlider);
-}
-
-void FrmMain::ShowSystemSettings()
-{
-    options_->Show();
-}
-
-void FrmMain::ShowAudioSettings()
-{
-    outputTrim_->Show();
-    obe_->Show();
-}
-
-void FrmMain::LoadChannelData()
-{
-    equaliser_->LoadChannelData();
-}
-
-void FrmMain::ShowF1Format()
-{
-    modes_->SetF1Caption(options_->F1CaptionOfUnit());
-}
-
-void FrmMain::ShowSettingsFromUnit()
-{
-    ShowTitle(messages::FromUnit);
-}
-
-void FrmMain::ShowDate()
-{
-    theater_->ShowDate();
+    for (Panel *panel : panels_)
+        panel->ShowTestSignals(playing);
 }
 
 void FrmMain::ShowSent()
@@ -172,11 +121,6 @@ void FrmMain::ShowSent()
 void FrmMain::StreamLock(bool locked)
 {
     optical_->StreamLock(locked);
-}
-
-void FrmMain::StopRunningStream()
-{
-    optical_->StopRunningStream();
 }
 
 void FrmMain::ShowTitle(const QString &name)

@@ -53,7 +53,7 @@ void FrmMain::BuildMenus()
     mnuSave_ = Item(mnuFile_, "mnuSave", "Save", [this] { Save(); });
     Item(mnuFile_, "mnuSaveAs", "Save As ...", [this] { SaveAs(); });
     mnuFile_->addSeparator();
-    Item(mnuFile_, "mnuRef", "Update", [this] {
+    mnuRef_ = Item(mnuFile_, "mnuRef", "Update", [this] {
         if (entries_.CommitEntry())
             link_.Update();
     });
@@ -65,8 +65,8 @@ void FrmMain::BuildMenus()
     constexpr std::array<std::pair<const char *, const char *>, 4> Ports{
         {{"mnuCom1", "COM 1"}, {"mnuCom2", "COM 2"}, {"mnuCom3", "COM 3"}, {"mnuCom4", "COM 4"}}};
     for (Word port = 1; const auto &[name, caption] : Ports) {
-        checkable(Item(mnuCom, name, caption, [this, port] { settings_.Options.ComPort = port; }),
-                  [this, port] { return settings_.Options.ComPort == port; });
+        checkable(Item(mnuCom, name, caption, [this, port] { options_.ComPort = port; }),
+                  [this, port] { return options_.ComPort == port; });
         ++port;
     }
     mnuBaud_ = Submenu(mnuOpt_, "mnuBaud", "Baud Rate");
@@ -74,11 +74,11 @@ void FrmMain::BuildMenus()
         {{"mnuBaud1", "9600"}, {"mnuBaud2", "19200"}, {"mnuBaud3", "38400"}, {"mnuBaud4", "57600"}}};
     for (Word index = 0; const auto &[name, caption] : Rates) {
         checkable(Item(mnuBaud_, name, caption, [this, index] { mnuBaud_Click(index); }),
-                  [this, index] { return settings_.BaudIndex == index; });
+                  [this, index] { return baudIndex_ == index; });
         ++index;
     }
 
-    Preferences &options = settings_.Options;
+    Preferences &options = options_;
     QMenu *mnuUopt = Submenu(mnuOpt_, "mnuUopt", "Upload Options");
     checkable(Item(mnuUopt, "mnuAuto", "Automatically Upload", [this] { mnuAuto_Click(); }),
               [&options] { return options.AutoUpload; });
@@ -89,7 +89,7 @@ void FrmMain::BuildMenus()
         Item(mnuUopt, "mnuShort", "Enable Shortcuts", [&options] { options.Shortcuts = !options.Shortcuts; }),
         [&options] { return options.Shortcuts; });
     checkable(Item(mnuOpt_, "mnuAutoRef", "Automatic Update", [this] { mnuAutoRef_Click(); }),
-              [&options] { return options.AutoRefresh == 1; });
+              [&options] { return options.AutoRefresh; });
     checkable(Item(mnuOpt_, "mnuSys", "Use System Date/Time", [this] { mnuSys_Click(); }),
               [this] { return useSystemTime_; });
     mnuOpt_->addSeparator();
@@ -130,13 +130,13 @@ void FrmMain::EnableCommands(bool enable)
 
 void FrmMain::mnuBaud_Click(Word index)
 {
-    settings_.BaudIndex = index;
+    baudIndex_ = index;
     link_.RetryFunction(UnitOp::SetDLLBaud, index, 0);
 }
 
 void FrmMain::mnuAuto_Click()
 {
-    Preferences &options = settings_.Options;
+    Preferences &options = options_;
     options.AutoUpload = !options.AutoUpload;
     // Deliberate: the start enables both by the opposite rule.
     mnuConfirm_->setEnabled(!options.AutoUpload);
@@ -149,7 +149,7 @@ void FrmMain::mnuAutoRef_Click()
         return;
     const QPointer<QWidget> focus = focusWidget();
     setEnabled(false);
-    frmRef_ = std::make_unique<FrmRef>(settings_.Options, this);
+    frmRef_ = std::make_unique<FrmRef>(options_, this);
     connect(frmRef_.get(), &QDialog::finished, this, [this, focus] {
         ReflectMarks();
         setEnabled(true);
@@ -161,7 +161,7 @@ void FrmMain::mnuAutoRef_Click()
     frmRef_->show();
     frmRef_->activateWindow();
     // Deliberate: re-reading at intervals would undo edits that were not sent, so they are sent from now on.
-    if (settings_.Options.AutoRefresh == 1 && !settings_.Options.AutoUpload)
+    if (options_.AutoRefresh && !options_.AutoUpload)
         mnuAuto_Click();
 }
 
@@ -186,9 +186,7 @@ void FrmMain::mnuSet_Click()
 {
     if (!entries_.CommitEntry())
         return;
-    FrmTheater(
-        settings_, [this] { theater_->ApplyTheaterTabFields(); }, this)
-        .exec();
+    FrmTheater(editor_, this).exec();
 }
 
 void FrmMain::cmdConnect_Click()

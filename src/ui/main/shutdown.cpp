@@ -2,6 +2,7 @@
 #include "ui/controls/levelfield.h"
 #include "ui/main/frmmain.h"
 #include "ui/main/messages.h"
+#include "unit/sequences.h"
 
 #include <QAction>
 #include <QApplication>
@@ -73,7 +74,7 @@ bool FrmMain::Form_Unload()
         DropEntries();
     // A session that ends waits for the one answer that work depends on, and for no other.
     const bool mayRevert = mayAsk_ && !sessionEnds_ && snapshotTaken_ && link_.UnitOnline();
-    if (mayRevert && kelvo::Ask(this, messages::Revert))
+    if (mayRevert && Ask(this, messages::Revert))
         RevertToSnapshot();
     TidyUp();
     return true;
@@ -89,7 +90,7 @@ void FrmMain::TidyUp()
         WritePreferencesFile();
     }
     if (!link_.InCall())
-        EndConnection();
+        SayFarewell(link_, optical_->Stream());
 
     for (QTimer *timer : findChildren<QTimer *>())
         timer->stop();
@@ -107,7 +108,7 @@ void FrmMain::DropEntries()
 
 bool FrmMain::SaveQuestionAnswered()
 {
-    if (!settings_.SettingsChanged)
+    if (!file_.SettingsChanged)
         return true;
     switch (AskOrCancel(this, messages::SaveBeforeExit)) {
     case Answer::Yes:
@@ -122,7 +123,7 @@ bool FrmMain::SaveQuestionAnswered()
 
 void FrmMain::RevertToSnapshot()
 {
-    StopRunningStream(); // whose unit must not be asked to change its mute
+    optical_->Stream().StopIfRunning(); // whose unit must not be asked to change its mute
     if (OpenFile(SnapshotFile()))
         link_.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit);
 }
@@ -130,18 +131,9 @@ void FrmMain::RevertToSnapshot()
 void FrmMain::WritePreferencesFile()
 {
     const QString path = PreferencesFile();
-    if (const auto failure = WritePreferences(path.toStdString(), settings_.Options))
+    if (const auto failure = WritePreferences(path.toStdString(), options_))
         places_.report(QString(messages::CannotSave.text)
                            .arg(QDir::toNativeSeparators(path), QString::fromStdString(failure->reason)));
-}
-
-void FrmMain::EndConnection()
-{
-    StopRunningStream();
-    link_.SwitchOffTestSignals();
-    link_.RetryFunction(UnitOp::StopStream);
-    link_.RetryFunction(UnitOp::SetDLLBaud, 0, 0);
-    link_.RetryFunction(UnitOp::DLLShutdown);
 }
 
 } // namespace kelvo

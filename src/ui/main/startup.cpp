@@ -20,11 +20,11 @@ constexpr auto PreferencesName = "settings.dat";
 
 void FrmMain::Form_Load()
 {
-    options_->InitialiseLookupArrays();
+    optionsPanel_->InitialiseLookupArrays();
     InitialiseSettings();
 
     link_.SetConnectStatus(LinkState::OffLine);
-    settings_.Updating = true;
+    link_.Updating = true;
     ClearTabStatus();
     frmtabs_[shownTab_]->setEnabled(true);
     if (places_.screenHeight < LowestScreen)
@@ -35,16 +35,16 @@ void FrmMain::Form_Load()
         cmdConnect_Click();
     } else {
         EnableFrames(false);
-        HideUnitVersion();
+        ShowUnitVersion({});
         Tell(this, messages::MissingLibrary, {places_.missingLibrary});
     }
     if (!link_.UnitOnline())
         mnuNew_Click();
     link_.RetryFunction(UnitOp::StopStream);
-    settings_.Projector = 0;
+    optical_->Stream().ForgetProjector();
 
     help_->LoadHelp(places_.helpFile);
-    settings_.Updating = false;
+    link_.Updating = false;
     started_ = true;
     TakeSnapshot();
 }
@@ -53,11 +53,11 @@ void FrmMain::InitialiseSettings()
 {
     if (places_.ownsFiles)
         QFile::remove(SnapshotFile()); // left by a run that never came to its end
-    settings_.BaudIndex = 0;
-    settings_.Options = ReadPreferences(PreferencesFile().toStdString());
+    baudIndex_ = 0;
+    options_ = ReadPreferences(PreferencesFile().toStdString());
     // Deliberate: the other way round than the menu item's own toggle, which rules from its first use on.
-    mnuConfirm_->setEnabled(settings_.Options.AutoUpload);
-    mnuShort_->setEnabled(settings_.Options.AutoUpload);
+    mnuConfirm_->setEnabled(options_.AutoUpload);
+    mnuShort_->setEnabled(options_.AutoUpload);
     ReflectMarks();
     if (places_.serialIniMissing())
         library_.DLLCreateIni();
@@ -84,9 +84,7 @@ void FrmMain::TakeSnapshot()
 {
     if (snapshotTaken_ || !places_.ownsFiles || !link_.UnitOnline() || link_.InCall())
         return;
-    Settings snapshot = settings_;
-    snapshot.CurrentFileName = SnapshotFile().toStdString();
-    if (const auto failure = SaveConfigFile(snapshot))
+    if (const auto failure = SaveConfigFile(SnapshotFile().toStdString(), room_))
         Tell(this, messages::CannotSave,
              {QDir::toNativeSeparators(SnapshotFile()), QString::fromStdString(failure->reason)});
     else

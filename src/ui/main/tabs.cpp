@@ -33,8 +33,7 @@ void FrmMain::SSTAB1_Click(int tab)
     const int previous = std::exchange(shownTab_, tab);
     // The first focus of a tab is never one of its sliders.
     SSTAB1_->tabBar()->setFocus();
-    if (SetsLevels(Tab(tab)) && masterFader_->FieldText() != "7.0" &&
-        kelvo::Ask(this, messages::FaderNominal))
+    if (SetsLevels(Tab(tab)) && masterFader_->FieldText() != "7.0" && Ask(this, messages::FaderNominal))
         masterFader_->SetNominal();
 
     ClearTabStatus();
@@ -54,25 +53,8 @@ void FrmMain::ClearTabStatus()
 
 void FrmMain::SwitchOffTab(int tab)
 {
-    switch (Tab(tab)) {
-    case Tab::OutputTrim:
-        outputTrim_->LeaveTab();
-        break;
-    case Tab::Eq:
-        equaliser_->LeaveTab();
-        break;
-    case Tab::Obe:
-    case Tab::Options: // deliberate: noise that still sounds does not outlast this tab either
-        obe_->LeaveTab();
-        break;
-    case Tab::OpticalSetup:
-        optical_->StopRunningStream();
-        break;
-    case Tab::FormatSelection:
-    case Tab::TheaterInformation:
-    case Tab::Help:
-        break;
-    }
+    if (panelOfTab_[tab])
+        panelOfTab_[tab]->LeaveTab();
 }
 
 } // namespace kelvo

@@ -5,9 +5,9 @@
 #include "ui/controls/messages.h"
 #include "ui/controls/named.h"
 #include "ui/controls/spacing.h"
-#include "ui/controls/uploadbutton.h"
 #include "ui/optical/messages.h"
 
+#include <QButtonGroup>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QScopedValueRollback>
@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace kelvo {
 
@@ -27,46 +28,44 @@ constexpr auto ReadingInterval = 1ms;
 constexpr auto MostBehind = 4ms;
 constexpr auto BlinkInterval = 1000ms;
 
-/// The format that the unit is put in for the duration of a stream.
-constexpr Word StreamFormat = 1;
-
 } // namespace
 
-const std::array<OpticalPanel::Measurement, 3> OpticalPanel::Measurements{
-    {{"Gain", UnitOp::BeginGainStream, &OpticalPanel::ReadGain},
-     {"Slit Loss", UnitOp::BeginSlitStream, &OpticalPanel::ReadSlitLoss},
-     {"Azimuth", UnitOp::BeginAzimuthStream, &OpticalPanel::ReadAzimuth}}};
+const std::array<OpticalPanel::Kind, MeasurementCount> OpticalPanel::Kinds{
+    {{"Gain", &OpticalPanel::ReadGain},
+     {"Slit Loss", &OpticalPanel::ReadSlitLoss},
+     {"Azimuth", &OpticalPanel::ReadAzimuth}}};
 
-OpticalPanel::OpticalPanel(Settings &settings, UnitLink &link, EntryWindow &entries,
-                           Surroundings surroundings)
-    : settings_(settings),
+OpticalPanel::OpticalPanel(Editor &editor, UnitLink &link, const Guests &guests)
+    : editor_(editor),
       link_(link),
-      surroundings_(std::move(surroundings)),
-      graphs_(new GraphArea)
+      timersMayTouchUnit_(guests.timersMayTouchUnit),
+      stream_(link, *this),
+      graphs_(new GraphArea),
+      cmdMute4_(guests.cmdMute4)
 {
     auto *controls = new QVBoxLayout;
     controls->setSpacing(GroupSpacing);
     controls->addWidget(BuildMeasurements());
     controls->addWidget(BuildProjectors());
     controls->addWidget(BuildStart());
-    controls->addWidget(surroundings_.cmdMute4);
+    controls->addWidget(cmdMute4_);
     controls->addStretch();
-    connect(surroundings_.cmdMute4, &QPushButton::clicked, this, &OpticalPanel::cmdMute4_Click);
+    connect(cmdMute4_, &QPushButton::clicked, this, &OpticalPanel::cmdMute4_Click);
 
     auto *layout = new QGridLayout(this);
     layout->setSpacing(GroupSpacing);
     layout->addWidget(graphs_, 0, 0);
     layout->addLayout(controls, 0, 1);
     layout->addWidget(BuildRT60(), 1, 0);
-    layout->addWidget(BuildUploadButton(3, link, entries), 1, 1);
+    layout->addWidget(guests.cmdUp, 1, 1);
     layout->setColumnStretch(0, 1);
     layout->setRowStretch(0, 1);
 
-    tmrOptical_ = Named(new QTimer(surroundings_.window), "tmrOptical");
+    tmrOptical_ = Named(new QTimer(guests.window), "tmrOptical");
     tmrOptical_->setTimerType(Qt::PreciseTimer);
     tmrOptical_->setInterval(ReadingInterval);
     connect(tmrOptical_, &QTimer::timeout, this, &OpticalPanel::tmrOptical_Timer);
-    Timer2_ = Named(new QTimer(surroundings_.window), "Timer2");
+    Timer2_ = Named(new QTimer(guests.window), "Timer2");
     connect(Timer2_, &QTimer::timeout, this, &OpticalPanel::Timer2_Timer);
     Timer2_->start(BlinkInterval);
 }
@@ -77,9 +76,9 @@ QGroupBox *OpticalPanel::BuildMeasurements()
     auto *layout = new QVBoxLayout(group);
     layout->setSpacing(Spacing);
     auto *optOptical = new QButtonGroup(group);
-    for (int index = 0; index < int(Measurements.size()); ++index) {
-        auto *option = Named(new OptionButton(Measurements[index].caption), "optOptical", index);
-        option->setChecked(index == measurement_);
+    for (int index = 0; index < MeasurementCount; ++index) {
+        auto *option = Named(new OptionButton(Kinds[index].caption), "optOptical", index);
+        option->setChecked(Measurement(index) == stream_.Selected());
         optOptical->addButton(option, index);
         layout->addWidget(option);
     }
@@ -94,7 +93,7 @@ QGroupBox *OpticalPanel::BuildProjectors()
     layout->setSpacing(Spacing);
     for (int index = 0; index < int(cmdPro_.size()); ++index) {
         auto *cmdPro = Named(new StateButton(messages::Projectors[index]), "cmdPro", index);
-        cmdPro->SetFace(index == settings_.Projector ? Face::Selected : Face::Normal);
+        cmdPro->SetFace(index == stream_.Projector() ? Face::Selected : Face::Normal);
         connect(cmdPro, &QPushButton::clicked, this, [this, index] { cmdPro_Click(index); });
         layout->addWidget(cmdPro);
         cmdPro_[index] = cmdPro;
@@ -145,77 +144,66 @@ QGroupBox *OpticalPanel::BuildRT60()
 
 void OpticalPanel::cmdStart_Click()
 {
-    link_.RetryFunction(UnitOp::SetProjector);
+    if (!stream_.Running())
+        BlankLock();
     history_ = {};
-    // A link lost in the call above has stopped a running stream already, and without a link none starts.
-    if (streaming_)
-        StopStream();
-    else
-        StartStream();
+    stream_.Toggle();
 }
 
-void OpticalPanel::StartStream()
+void OpticalPanel::optOptical_Click(int index)
 {
-    if (!link_.UnitOnline())
-        return;
-    link_.SetPolling(false);
+    if (Measurement(index) != stream_.Selected())
+        BlankLock();
+    stream_.Select(Measurement(index));
+}
+
+void OpticalPanel::cmdPro_Click(int index)
+{
+    BlankLock();
+    stream_.SelectProjector(Word(index));
+}
+
+void OpticalPanel::ShowStream()
+{
+    for (int index = 0; index < int(cmdPro_.size()); ++index)
+        cmdPro_[index]->SetFace(index == stream_.Projector() ? Face::Selected : Face::Normal);
+    if (!stream_.Running())
+        ShowIdle();
+    else if (!tmrOptical_->isActive())
+        ShowRunning();
+    if (std::exchange(shownMeasurement_, stream_.Selected()) != stream_.Selected())
+        ClearPictures();
+}
+
+void OpticalPanel::ShowRunning()
+{
     Timer2_->stop();
     lblStart_->hide();
-    surroundings_.enableBaudMenu(false);
-
-    settings_.FormatBeforeStream = settings_.CurrentFormat;
-    settings_.CurrentFormat = StreamFormat;
-    link_.RetryFunction(UnitOp::SelectFormat);
-    if (!link_.UnitOnline()) {
-        ReturnToIdle();
-        ResumeIdleTimers();
-        return;
-    }
-
-    surroundings_.cmdMute4->setEnabled(false);
-    streaming_ = true;
+    cmdMute4_->setEnabled(false);
     cmdStart_->setText(messages::CaptionStop);
     lblLock_->show();
     tmrOptical_->start(ReadingInterval);
-    BeginStream();
-    link_.RetryFunction(UnitOp::GetMute);
+    emit StreamShown(true);
 }
 
-void OpticalPanel::StopStream()
+void OpticalPanel::ShowIdle()
 {
-    link_.RetryFunction(UnitOp::StopStream);
-    link_.RetryFunction(UnitOp::SetProjector);
-    ReturnToIdle();
-    link_.RetryFunction(UnitOp::SelectFormat);
-    ResumeIdleTimers();
-}
-
-void OpticalPanel::BeginStream()
-{
-    slit_ = NoSlitReadings();
-    BlankLock();
-    link_.RetryFunction(Measurements[measurement_].begin);
-}
-
-void OpticalPanel::ReturnToIdle()
-{
+    if (!tmrOptical_->isActive())
+        return;
     tmrOptical_->stop();
     tmrOptical_->setInterval(0);
-    streaming_ = false;
     cmdStart_->setText(messages::CaptionStart);
     lblLock_->hide();
     ClearPictures();
     graphs_->ShowAzimuth(false);
-    surroundings_.cmdMute4->setEnabled(true);
-    surroundings_.enableBaudMenu(true);
-    settings_.CurrentFormat = settings_.OperatorFormat();
-    settings_.FormatBeforeStream.reset();
+    cmdMute4_->setEnabled(true);
+    Timer2_->start(BlinkInterval);
+    emit StreamShown(false);
 }
 
-void OpticalPanel::ResumeIdleTimers()
+void OpticalPanel::ForgetReadings()
 {
-    link_.SetPolling(true);
-    Timer2_->start(BlinkInterval);
+    slit_ = NoSlitReadings();
 }
 
 void OpticalPanel::ClearPictures()
@@ -224,48 +212,21 @@ void OpticalPanel::ClearPictures()
     graphs_->Azimuth().Clear();
 }
 
-void OpticalPanel::optOptical_Click(int index)
-{
-    if (index == measurement_)
-        return;
-    measurement_ = index;
-    if (!streaming_)
-        return;
-    link_.RetryFunction(UnitOp::StopStream);
-    link_.RetryFunction(UnitOp::SetProjector);
-    ClearPictures();
-    BeginStream();
-}
-
-void OpticalPanel::cmdPro_Click(int index)
-{
-    link_.RetryFunction(UnitOp::StopStream);
-    for (StateButton *cmdPro : cmdPro_)
-        cmdPro->SetFace(cmdPro == cmdPro_[index] ? Face::Selected : Face::Normal);
-    settings_.Projector = Word(index);
-    link_.RetryFunction(UnitOp::SetProjector);
-    if (streaming_)
-        BeginStream();
-}
-
 void OpticalPanel::cmdMute4_Click()
 {
-    WithoutStream(surroundings_.toggleMute);
-}
-
-void OpticalPanel::WithoutStream(const std::function<void()> &work)
-{
-    link_.RetryFunction(UnitOp::StopStream);
-    work();
-    if (streaming_)
-        BeginStream();
+    stream_.Without([this] { editor_.Apply(ToggleMute(editor_.Room())); });
 }
 
 void OpticalPanel::cmdRT60_Click()
 {
-    surroundings_.showNoiseOff();
+    emit NoiseShownOff();
     cmdRT60_->SetOn(!cmdRT60_->IsOn());
-    link_.RetryFunction(UnitOp::SetRT60, 0, cmdRT60_->IsOn() ? True : False);
+    SwitchRT60(link_, cmdRT60_->IsOn());
+}
+
+void OpticalPanel::ShowTestSignals(const TestSignals &playing)
+{
+    cmdRT60_->SetOn(playing.RT60);
 }
 
 void OpticalPanel::StreamLock(bool locked)
@@ -284,26 +245,15 @@ void OpticalPanel::BlankLock()
     ClearFill(lblLock_);
 }
 
-void OpticalPanel::ShowTestSignalsOff()
-{
-    cmdRT60_->SetOn(false);
-}
-
-void OpticalPanel::StopRunningStream()
-{
-    if (streaming_)
-        cmdStart_Click();
-}
-
 void OpticalPanel::tmrOptical_Timer()
 {
-    if (inTick_ || !tmrOptical_->isActive() || !surroundings_.timersMayTouchUnit())
+    if (inTick_ || !tmrOptical_->isActive() || !timersMayTouchUnit_())
         return;
     const QScopedValueRollback<bool> inTick(inTick_, true);
     const auto began = std::chrono::steady_clock::now();
     nextReading_ = std::max(nextReading_ + ReadingInterval, began - MostBehind);
     graphs_->Graph().SetFontName(GraphFont);
-    (this->*Measurements[measurement_].read)();
+    (this->*Kinds[int(stream_.Selected())].read)();
     if (tmrOptical_->isActive())
         KeepPace(std::chrono::steady_clock::now() - began);
 }

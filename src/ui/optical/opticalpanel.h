@@ -1,12 +1,11 @@
 #pragma once
 
-#include "model/settings.h"
-#include "ui/controls/entrywindow.h"
+#include "edit/editor.h"
+#include "ui/controls/panel.h"
 #include "ui/controls/statebutton.h"
 #include "ui/picture/grapharea.h"
-#include "unit/unitlink.h"
+#include "unit/opticalstream.h"
 
-#include <QButtonGroup>
 #include <QGroupBox>
 #include <QLabel>
 #include <QTimer>
@@ -20,62 +19,60 @@
 namespace kelvo {
 
 /// The tab "O&ptical Setup": streams of reader gain, slit loss and azimuth with their graphs, and RT60.
-class OpticalPanel : public QWidget {
+class OpticalPanel : public QWidget, public Panel, private StreamView {
     Q_OBJECT
 
   public:
-    /// What the tab needs from its surroundings.
-    struct Surroundings {
-        QWidget *window;                          ///< owns the timers `tmrOptical` and `Timer2`
-        StateButton *cmdMute4;                    ///< placed here; this panel handles its click
-        std::function<void()> toggleMute;         ///< the shared mute handler
-        std::function<void()> showNoiseOff;       ///< the six `cmdPN` read "Off"
-        std::function<void(bool)> enableBaudMenu; ///< `mnuBaud`
+    /// What the main window places on the tab, and what it knows.
+    struct Guests {
+        QWidget *window;       ///< owns the timers `tmrOptical` and `Timer2`
+        StateButton *cmdMute4; ///< this panel handles its click
+        QPushButton *cmdUp;
         std::function<bool()> timersMayTouchUnit; ///< false while a box is open or a call is in progress
     };
 
-    OpticalPanel(Settings &settings, UnitLink &link, EntryWindow &entries, Surroundings surroundings);
+    OpticalPanel(Editor &editor, UnitLink &link, const Guests &guests);
 
-    bool Streaming() const { return streaming_; }
-    void cmdStart_Click();
-    void cmdMute4_Click();
-    /// Does what the unit must not be asked while it streams; a running stream begins again afterwards.
-    void WithoutStream(const std::function<void()> &work);
+    OpticalStream &Stream() { return stream_; }
     void StreamLock(bool locked);
-    /// `cmdRT60` reads "Off"; nothing is sent.
-    void ShowTestSignalsOff();
-    /// Through the Stop button's handler; nothing happens while none runs.
-    void StopRunningStream();
+
+    void Show(const Changed &) override {}
+    void LeaveTab() override { stream_.StopIfRunning(); }
+    void ShowTestSignals(const TestSignals &playing) override;
+
+    void cmdMute4_Click();
+
+  signals:
+    void StreamShown(bool running); ///< what a stream forbids elsewhere follows it
+    void NoiseShownOff();           ///< no noise button may read "On" beside RT60
 
   private:
-    /// What the unit can be asked to stream, and what takes a reading of it.
-    struct Measurement {
+    /// What takes a reading of each measurement.
+    struct Kind {
         const char *caption;
-        UnitOp begin;
         void (OpticalPanel::*read)();
     };
-    static const std::array<Measurement, 3> Measurements; ///< index = `optOptical`
+    static const std::array<Kind, MeasurementCount> Kinds; ///< index = `optOptical`
 
     QGroupBox *BuildMeasurements();
     QGroupBox *BuildProjectors();
     QWidget *BuildStart();
     QGroupBox *BuildRT60();
 
+    void ShowStream() override;
+    void ForgetReadings() override;
+    void ShowRunning();
+    void ShowIdle();
+    void ClearPictures();
+
+    void cmdStart_Click();
     void optOptical_Click(int index);
     void cmdPro_Click(int index);
     void cmdRT60_Click();
     void tmrOptical_Timer();
     void Timer2_Timer();
 
-    void StartStream();
-    void StopStream();
-    /// Asks the unit for the selected measurement.
-    void BeginStream();
-    /// Everything on screen and in the model is as it was before Start; nothing is sent.
-    void ReturnToIdle();
-    void ResumeIdleTimers();
-    void ClearPictures();
-    /// Nothing is known of a stream that has only been asked for.
+    /// Of the stream that is asked for now nothing is known yet.
     void BlankLock();
 
     /// Brings the readings as close to one a millisecond as the event loop allows.
@@ -84,20 +81,21 @@ class OpticalPanel : public QWidget {
     void ReadSlitLoss();
     void ReadAzimuth();
 
-    Settings &settings_;
+    Editor &editor_;
     UnitLink &link_;
-    Surroundings surroundings_;
+    std::function<bool()> timersMayTouchUnit_;
+    OpticalStream stream_;
 
-    int measurement_ = 0; ///< the selected one of `Measurements`
+    Measurement shownMeasurement_ = Measurement::Gain;
     SlitReadings slit_ = NoSlitReadings();
     AzimuthHistory history_;
     std::optional<bool> shownLock_;
-    bool streaming_ = false;
     bool inTick_ = false;                               ///< the link does not count a reading among its calls
     std::chrono::steady_clock::time_point nextReading_; ///< when the reading after the newest is due
 
     GraphArea *graphs_;
     std::array<StateButton *, 2> cmdPro_{};
+    StateButton *cmdMute4_;
     QPushButton *cmdStart_;
     QLabel *lblStart_;
     QLabel *lblLock_;

@@ -1,5 +1,6 @@
 #include "ui/simulator/frmsimulator.h"
 
+#include "model/levels.h"
 #include "model/tables.h"
 #include "ui/controls/named.h"
 #include "ui/simulator/messages.h"
@@ -148,7 +149,7 @@ QGroupBox *FrmSimulator::BuildFrontPanel()
     auto *txtLevel = Named(new QDoubleSpinBox, "txtLevel");
     txtLevel->setDecimals(1);
     txtLevel->setSingleStep(0.1);
-    txtLevel->setRange(0, HighestFader / 10.0);
+    txtLevel->setRange(0, FaderRule.highest / 10.0);
     txtLevel->setKeyboardTracking(false);
     txtLevel->setAccessibleName(messages::FaderCaption);
     connect(txtLevel, &QDoubleSpinBox::valueChanged, this,

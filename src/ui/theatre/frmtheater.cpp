@@ -31,10 +31,7 @@ class NoControlCharacters : public QValidator {
 
 } // namespace
 
-FrmTheater::FrmTheater(Settings &settings, std::function<void()> apply, QWidget *parent)
-    : QDialog(parent),
-      settings_(settings),
-      apply_(std::move(apply))
+FrmTheater::FrmTheater(Editor &editor, QWidget *parent) : QDialog(parent), editor_(editor)
 {
     Named(this, "frmTheater");
     setWindowTitle(messages::TheaterTitle);
@@ -49,17 +46,18 @@ FrmTheater::FrmTheater(Settings &settings, std::function<void()> apply, QWidget 
     column->addLayout(form_.layout);
     column->addStretch();
     column->addWidget(buttons);
-    form_.Show(settings_.TheaterInfo);
+    form_.Show(editor_.Room().TheaterInfo);
     resize(ComfortableWidth, sizeHint().height());
 }
 
 void FrmTheater::cmdOK_Click()
 {
-    TheaterTexts texts = form_.Texts();
-    if (texts != settings_.TheaterInfo)
-        settings_.SettingsChanged = true;
-    settings_.TheaterInfo = std::move(texts);
-    apply_();
+    std::vector<FieldId> fields;
+    for (int text = 0; text < TheaterTextCount; ++text)
+        fields.push_back(field::Theater(text));
+    editor_.Apply({.name = messages::TheaterTitle,
+                   .fields = std::move(fields),
+                   .make = [texts = form_.Texts()](RoomSettings &room) { room.TheaterInfo = texts; }});
     accept();
 }
 

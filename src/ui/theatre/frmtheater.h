@@ -1,10 +1,9 @@
 #pragma once
 
+#include "edit/editor.h"
 #include "ui/theatre/theaterform.h"
 
 #include <QDialog>
-
-#include <functional>
 
 namespace kelvo {
 
@@ -13,14 +12,12 @@ class FrmTheater : public QDialog {
     Q_OBJECT
 
   public:
-    /// `apply` shows the new texts where they are shown; OK runs it before the dialog closes.
-    FrmTheater(Settings &settings, std::function<void()> apply, QWidget *parent);
+    FrmTheater(Editor &editor, QWidget *parent);
 
   private:
     void cmdOK_Click();
 
-    Settings &settings_;
-    std::function<void()> apply_;
+    Editor &editor_;
     TheaterForm form_;
 };
 

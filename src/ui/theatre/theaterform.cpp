@@ -1,5 +1,6 @@
 #include "ui/theatre/theaterform.h"
 
+#include "model/fields.h"
 #include "model/tables.h"
 #include "ui/controls/named.h"
 
@@ -18,9 +19,10 @@ TheaterForm::TheaterForm() : layout(new QGridLayout)
 {
     for (int index = 0; index < TheaterTextCount; ++index) {
         auto *box = Named(new QLineEdit, "txtTheaterInfo", index);
-        auto *label = new QLabel(TheaterLabel[index]);
+        const QString name = QString::fromStdString(Name(field::Theater(index)));
+        auto *label = new QLabel(name + ":");
         label->setBuddy(box);
-        box->setAccessibleName(QString(TheaterLabel[index]).chopped(1));
+        box->setAccessibleName(name);
         const int row = index % RowsPerColumn;
         const int column = index < RowsPerColumn ? 0 : 3;
         if (index == Notes) {

@@ -10,7 +10,7 @@
 
 namespace kelvo {
 
-TheaterPanel::TheaterPanel(const Settings &settings, std::function<void()> edit) : settings_(settings)
+TheaterPanel::TheaterPanel(const Editor &editor, std::function<void()> edit) : editor_(editor)
 {
     QPalette flat = palette();
     flat.setBrush(QPalette::Base, flat.window());
@@ -31,12 +31,20 @@ TheaterPanel::TheaterPanel(const Settings &settings, std::function<void()> edit)
 
 void TheaterPanel::ApplyTheaterTabFields()
 {
-    form_.Show(settings_.TheaterInfo);
+    form_.Show(editor_.Room().TheaterInfo);
+}
+
+void TheaterPanel::Show(const Changed &changed)
+{
+    if (changed.HasTexts())
+        ApplyTheaterTabFields();
+    if (changed.source == Source::Upload)
+        ShowDate();
 }
 
 void TheaterPanel::ShowDate()
 {
-    clockText_ = QString::fromStdString(kelvo::ClockText(settings_.Audio));
+    clockText_ = QString::fromStdString(kelvo::ClockText(editor_.Room().Audio));
     form_.txtTheaterInfo[DateInstalled]->setText(clockText_);
 }
 

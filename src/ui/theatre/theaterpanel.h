@@ -1,5 +1,7 @@
 #pragma once
 
+#include "edit/editor.h"
+#include "ui/controls/panel.h"
 #include "ui/theatre/theaterform.h"
 
 #include <QString>
@@ -10,22 +12,24 @@
 namespace kelvo {
 
 /// The tab "Theater &Information": the eleven texts, read only here, and the button that edits them.
-class TheaterPanel : public QWidget {
+class TheaterPanel : public QWidget, public Panel {
     Q_OBJECT
 
   public:
     /// `edit` opens the dialog "Set Theater Information".
-    TheaterPanel(const Settings &settings, std::function<void()> edit);
+    TheaterPanel(const Editor &editor, std::function<void()> edit);
 
     /// The boxes show `TheaterInfo`.
     void ApplyTheaterTabFields();
-    /// The unit's clock takes the place of the date in its box; the text typed there stays in the settings.
-    void ShowDate();
+    void Show(const Changed &changed) override;
     /// The clock text shown last.
     const QString &ClockText() const { return clockText_; }
 
   private:
-    const Settings &settings_;
+    /// The unit's clock takes the place of the date in its box; the text typed there stays in the room.
+    void ShowDate();
+
+    const Editor &editor_;
     TheaterForm form_;
     QString clockText_;
 };

@@ -37,7 +37,7 @@ ConsoleUnderTest::ConsoleUnderTest(DeviceLibrary *library, ConsoleStart start, T
     }
     if (prepare)
         prepare(*this);
-    window = std::make_unique<FrmMain>(settings, library_, clock, places);
+    window = std::make_unique<FrmMain>(room, options, file, library_, clock, places);
     window->resize(800, 600);
     window->Form_Load();
     startCalls = calls_;
@@ -72,6 +72,16 @@ void ConsoleUnderTest::TickIfActive(const char *timer)
     auto *ticking = Find<QTimer>(timer);
     if (ticking->isActive())
         QMetaObject::invokeMethod(ticking, "timeout", Qt::DirectConnection, QGenericArgument());
+}
+
+bool ConsoleUnderTest::TakesEdits()
+{
+    auto *trim = Find<QSlider>("sclPNG(0)");
+    const int position = trim->value();
+    trim->setValue(position == 5 ? 6 : 5);
+    const bool taken = room.Audio.ChannelTrim[Left] == trim->value();
+    trim->setValue(position);
+    return taken;
 }
 
 } // namespace kelvo

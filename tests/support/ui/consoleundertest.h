@@ -47,7 +47,9 @@ class ConsoleUnderTest : public BoxAnswers, public Hands {
 
     SimulatedUnit unit;
     ConsoleClock clock;
-    Settings settings;
+    RoomSettings room;
+    Preferences options;
+    FileState file;
     Places places;
     std::unique_ptr<FrmMain> window;
     QStringList reports;     ///< what went to standard error
@@ -61,6 +63,10 @@ class ConsoleUnderTest : public BoxAnswers, public Hands {
     void Tick(const char *timer);
     /// The same where the timer may rightly stand still.
     void TickIfActive(const char *timer);
+
+    /// A slider that code moves is an edit, unless the program is still setting controls itself. Puts it
+    /// back.
+    bool TakesEdits();
 
     /// The calls of the library since the fixture was ready, or since the last `Forget`.
     kelvo::Calls Calls() const { return calls_; }

@@ -23,7 +23,7 @@ struct EqualiserConsole : ConsoleUnderTest {
     explicit EqualiserConsole(const std::function<void(ConsoleUnderTest &)> &prepare = FlattenUnit)
         : ConsoleUnderTest(OnLine, Tab::Eq, prepare)
     {
-        settings.Options.AutoUpload = true;
+        options.AutoUpload = true;
     }
 
     LevelSlider *Slider(const char *name, int index) const { return Find<LevelSlider>(Member(name, index)); }
@@ -31,7 +31,7 @@ struct EqualiserConsole : ConsoleUnderTest {
     QString Text(const QString &field) const { return Find<QLineEdit>(field)->text(); }
     QString Text(const char *name, int index) const { return Text(Member(name, index)); }
     void Choose(int channel) { Click(Member("cmdEQChan", channel)); }
-    ChannelSlice &Slice(int channel) { return settings.Audio.ChannelEq[std::size_t(channel)]; }
+    ChannelSlice &Slice(int channel) { return room.Audio.ChannelEq[std::size_t(channel)]; }
     ChannelSlice &OfUnit(int channel) { return unit.audio.ChannelEq[std::size_t(channel)]; }
     bool IsShown(const char *frame) const { return Find<QWidget>(frame)->isVisible(); }
     QAbstractButton *Option(const char *name, int index) const

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "support/recordingview.h"
+#include "support/testclock.h"
 #include "support/ui/boxanswers.h"
 #include "support/ui/hands.h"
 #include "ui/controls/levelpair.h"
+#include "unit/simulatedunit.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -12,9 +15,63 @@
 
 namespace kelvo {
 
+/// A unit that writes down when the audio settings are sent.
+class ListeningUnit : public SimulatedUnit {
+  public:
+    explicit ListeningUnit(QStringList &events) : events_(events) {}
+
+  protected:
+    Status Perform(const Call &call) override
+    {
+        if (call.operation == Operation::SetAudio)
+            events_ << "send";
+        return SimulatedUnit::Perform(call);
+    }
+
+  private:
+    QStringList &events_;
+};
+
+/// A room, its editor and a connected unit, for controls without the main window. Edits are written down as
+/// "bass=7", uploads as "send".
+struct EditedRoom {
+    QStringList events;
+    std::function<void(const Changed &)> show = [](const Changed &) {};
+
+    RoomSettings room;
+    Preferences options{.AutoUpload = true};
+    FileState file;
+    ListeningUnit unit{events};
+    Trace trace;
+    RecordingView view{trace};
+    TestClock clock{trace};
+    UnitLink link{room, options, unit, view, clock};
+    Editor editor{room, file, link, [this](const Changed &changed) {
+                      if (!changed.Adopted())
+                          WriteDown(changed);
+                      show(changed);
+                  }};
+
+    EditedRoom()
+    {
+        view.link = &link;
+        link.ConnectToUnit();
+        ResetAll(room);
+    }
+
+  private:
+    void WriteDown(const Changed &changed)
+    {
+        ForEachField([&](FieldId id, const Field &field) {
+            if (changed.Has(id))
+                events << QString("%1=%2").arg(field.name ? field.name : "band").arg(Get(room, id));
+        });
+    }
+};
+
 /// A window with bass and treble (neighbours), a lone gain pair, three bands, a button, a list and tabs. What
 /// the pairs store and send is written down in order.
-class LevelWindow : public QWidget, public Hands {
+class LevelWindow : public QWidget, public EditedRoom, public Hands {
   public:
     LevelWindow()
     {
@@ -25,11 +82,15 @@ class LevelWindow : public QWidget, public Hands {
         tabs = new QTabWidget;
         auto *page = new QWidget;
         auto *columns = new QHBoxLayout(page);
-        bass = Add(columns, ShelfRule, "Bass");
-        treble = Add(columns, ShelfRule, "Treb");
-        gain = Add(columns, HalfDecibelRule, "Gain");
-        for (LevelPair *&band : bands)
-            band = Add(columns, HalfDecibelRule, "Band");
+        bass = Add(columns, ShelfRule, field::Bass(Left));
+        treble = Add(columns, ShelfRule, field::Treble(Left));
+        gain = Add(columns, HalfDecibelRule, field::Band(Subwoofer, SubGain));
+        for (int band = 0; band < int(bands.size()); ++band)
+            bands[std::size_t(band)] = Add(columns, HalfDecibelRule, field::Band(Left, band));
+        EditedRoom::show = [this](const Changed &changed) {
+            for (LevelPair *pair : pairs_)
+                pair->Show(changed);
+        };
         tabs->addTab(page, "&Levels");
         tabs->addTab(new QWidget, "&Other");
         rows->addWidget(first);
@@ -39,7 +100,7 @@ class LevelWindow : public QWidget, public Hands {
         JoinNeighbours(std::array{bass, treble});
         JoinNeighbours(bands);
         resize(700, 400);
-        show();
+        QWidget::show();
         first->setFocus();
         (void)QTest::qWaitForWindowActive(this);
     }
@@ -51,6 +112,15 @@ class LevelWindow : public QWidget, public Hands {
         return taken;
     }
 
+    /// As the unit or a file would.
+    void ShowStored(FieldId field, int stored)
+    {
+        RoomSettings read = room;
+        Set(read, field, stored);
+        editor.Adopt(std::move(read), Source::Update);
+    }
+    void ShowGain(int stored) { ShowStored(field::Band(Subwoofer, SubGain), stored); }
+
     BoxAnswers boxes;
     EntryWindow entries;
     QPushButton *first;
@@ -58,25 +128,23 @@ class LevelWindow : public QWidget, public Hands {
     QTabWidget *tabs;
     LevelPair *bass, *treble, *gain;
     std::array<LevelPair *, 3> bands{};
-    QStringList events;
 
   protected:
     QWidget *Window() const override { return const_cast<LevelWindow *>(this); }
 
   private:
-    LevelPair *Add(QHBoxLayout *columns, const LevelRule &rule, const QString &name)
+    LevelPair *Add(QHBoxLayout *columns, const LevelRule &rule, FieldId field)
     {
-        auto *pair =
-            new LevelPair(rule, entries, {"lbl", "scl"},
-                          {[this, name](int position) { events << name + "=" + QString::number(position); },
-                           [this] { events << "send"; }},
-                          this);
+        auto *pair = new LevelPair(field, rule, editor, entries, {"lbl", "scl"}, this);
         auto *column = new QVBoxLayout;
         column->addWidget(pair->Slider());
         column->addWidget(pair->Field());
         columns->addLayout(column);
+        pairs_.push_back(pair);
         return pair;
     }
+
+    std::vector<LevelPair *> pairs_;
 };
 
 } // namespace kelvo

@@ -17,7 +17,7 @@ inline QString TitleOf(const QString &path)
 /// A settings file with something to see on every tab.
 inline QString WriteSample(const ConsoleUnderTest &console, const char *name = "sample.zcf")
 {
-    Settings sample;
+    RoomSettings sample;
     ResetAll(sample);
     sample.FaderLevel = 42;
     sample.MuteState = True;
@@ -27,8 +27,7 @@ inline QString WriteSample(const ConsoleUnderTest &console, const char *name = "
     sample.Audio.ObeFreq = 3;
     sample.System.SurroundDelay = 5;
     sample.TheaterInfo[1] = "Odeon 3";
-    sample.CurrentFileName = console.File(name).toStdString();
-    [&] { QVERIFY(!SaveConfigFile(sample)); }();
+    [&] { QVERIFY(!SaveConfigFile(console.File(name).toStdString(), sample)); }();
     return console.File(name);
 }
 

@@ -48,9 +48,9 @@ void LevelPairTest::typedValueIsStoredAndSentOnceByEnter()
     window.TypeOnly(window.bass->Field(), "3");
     QCOMPARE(window.Events(), QStringList());
     window.Key(Qt::Key_Enter);
-    QCOMPARE(window.bass->Position(), 7);
+    QCOMPARE(window.bass->Slider()->value(), 7);
     QCOMPARE(window.bass->Field()->text(), "3");
-    QCOMPARE(window.Events(), QStringList({"Bass=7", "send"}));
+    QCOMPARE(window.Events(), QStringList({"bass=7", "send"}));
     QVERIFY(window.bass->Field()->hasFocus());
 
     window.Type(window.bass->Field(), "3");
@@ -79,15 +79,15 @@ void LevelPairTest::typedValueGoesDownToItsStep()
     QFETCH(QString, shown);
     LevelWindow window;
     window.Type(window.gain->Field(), typed);
-    QCOMPARE(window.gain->Position(), position);
+    QCOMPARE(window.gain->Slider()->value(), position);
     QCOMPARE(window.gain->Field()->text(), shown);
-    QCOMPARE(window.Events(), QStringList({QString("Gain=%1").arg(position), "send"}));
+    QCOMPARE(window.Events(), QStringList({QString("gain=%1").arg(position), "send"}));
 }
 
 void LevelPairTest::escapeGivesBackTheValueOfTheSlider()
 {
     LevelWindow window;
-    window.bass->ShowPosition(4);
+    window.ShowStored(field::Bass(Left), 4);
     window.TypeOnly(window.bass->Field(), "9");
     window.Key(Qt::Key_Escape);
     QCOMPARE(window.bass->Field()->text(), "6");
@@ -98,7 +98,7 @@ void LevelPairTest::escapeGivesBackTheValueOfTheSlider()
 void LevelPairTest::unreadableTextGivesBackTheValueOfTheSlider()
 {
     LevelWindow window;
-    window.gain->ShowPosition(3);
+    window.ShowGain(3);
     for (const char *text : {"abc", "--3", "3dB", "-"}) {
         window.Type(window.gain->Field(), text);
         QCOMPARE(window.gain->Field()->text(), "4.5");
@@ -116,7 +116,7 @@ void LevelPairTest::badValueIsToldOnceAndStaysSelectedInTheField()
     QCOMPARE(window.bass->Field()->text(), "11");
     QCOMPARE(window.bass->Field()->selectedText(), "11");
     QTRY_VERIFY(window.bass->Field()->hasFocus());
-    QCOMPARE(window.bass->Position(), 10);
+    QCOMPARE(window.bass->Slider()->value(), 10);
     QCOMPARE(window.Events(), QStringList());
 
     QTest::keyClicks(window.bass->Field(), "3");
@@ -130,8 +130,8 @@ void LevelPairTest::leavingTheFieldByTabTakesTheValue()
     window.TypeOnly(window.bass->Field(), "3");
     window.Key(Qt::Key_Tab);
     QVERIFY(!window.bass->Field()->hasFocus());
-    QCOMPARE(window.bass->Position(), 7);
-    QCOMPARE(window.Events(), QStringList({"Bass=7", "send"}));
+    QCOMPARE(window.bass->Slider()->value(), 7);
+    QCOMPARE(window.Events(), QStringList({"bass=7", "send"}));
 }
 
 void LevelPairTest::leavingAnUntouchedFieldTakesNothing()
@@ -224,10 +224,10 @@ void LevelPairTest::goodValueLetsTheClickThrough()
     window.TypeOnly(window.gain->Field(), "1");
     const QPoint other = window.tabs->tabBar()->tabRect(1).center();
     window.Click(window.first);
-    QCOMPARE(window.Events(), QStringList({"Gain=10", "send", "click"}));
+    QCOMPARE(window.Events(), QStringList({"gain=10", "send", "click"}));
     window.TypeOnly(window.gain->Field(), "2");
     QTest::mouseClick(window.tabs->tabBar(), Qt::LeftButton, Qt::NoModifier, other);
-    QCOMPARE(window.Events(), QStringList({"Gain=8", "send"}));
+    QCOMPARE(window.Events(), QStringList({"gain=8", "send"}));
     QCOMPARE(window.tabs->currentIndex(), 1);
 }
 
@@ -236,7 +236,7 @@ void LevelPairTest::fieldThatWasDisabledTakesAGoodValueAndDropsABadOne()
     LevelWindow window;
     window.TypeOnly(window.gain->Field(), "1");
     window.tabs->setEnabled(false);
-    QCOMPARE(window.Events(), QStringList({"Gain=10", "send"}));
+    QCOMPARE(window.Events(), QStringList({"gain=10", "send"}));
     window.tabs->setEnabled(true);
     window.TypeOnly(window.gain->Field(), "7");
     window.tabs->setEnabled(false);
@@ -252,9 +252,9 @@ void LevelPairTest::enterInADialogIsNotItsDefaultButton()
     auto *rows = new QVBoxLayout(&dialog);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     EntryWindow entries;
-    QStringList events;
-    LevelPair pair(ShelfRule, entries, {"lblBass", "sclBass"},
-                   {[&](int position) { events << QString::number(position); }, [] {}}, nullptr);
+    EditedRoom edited;
+    QStringList &events = edited.events;
+    LevelPair pair(field::Bass(Left), ShelfRule, edited.editor, entries, {"lblBass", "sclBass"}, nullptr);
     rows->addWidget(pair.Field());
     rows->addWidget(pair.Slider());
     rows->addWidget(buttons);
@@ -265,7 +265,7 @@ void LevelPairTest::enterInADialogIsNotItsDefaultButton()
     dialog.Type(pair.Field(), "1");
     dialog.Key(Qt::Key_Enter);
     dialog.Key(Qt::Key_Escape);
-    QCOMPARE(events, QStringList("9"));
+    QCOMPARE(events, QStringList({"bass=9", "send"}));
     QVERIFY(dialog.isVisible());
 }
 
@@ -275,32 +275,32 @@ void LevelPairTest::valueEqualToThePositionAtFocusIsStoredButNotSent()
     window.bass->Slider()->setFocus();
     QCOMPARE(window.entries.FocusPosition, 10);
     window.Key(Qt::Key_Up);
-    QCOMPARE(window.Events(), QStringList({"Bass=9", "send"}));
+    QCOMPARE(window.Events(), QStringList({"bass=9", "send"}));
     window.Type(window.bass->Field(), "0");
-    QCOMPARE(window.bass->Position(), 10);
-    QCOMPARE(window.Events(), QStringList("Bass=10"));
+    QCOMPARE(window.bass->Slider()->value(), 10);
+    QCOMPARE(window.Events(), QStringList("bass=10"));
 }
 
 void LevelPairTest::focusPositionIsOneForAllSlidersOfTheWindow()
 {
     LevelWindow window;
-    window.gain->ShowPosition(3);
+    window.ShowGain(3);
     window.gain->Slider()->setFocus();
     QCOMPARE(window.entries.FocusPosition, 3);
     window.Type(window.bass->Field(), "7");
-    QCOMPARE(window.Events(), QStringList("Bass=3"));
+    QCOMPARE(window.Events(), QStringList("bass=3"));
 }
 
 void LevelPairTest::fieldBeingTypedInIsNotRewritten()
 {
     LevelWindow window;
     window.TypeOnly(window.gain->Field(), "2.");
-    window.gain->ShowPosition(0);
+    window.ShowGain(0);
     QCOMPARE(window.gain->Field()->text(), "2.");
     window.Key(Qt::Key_Return);
     QCOMPARE(window.gain->Field()->text(), "2.0");
-    QCOMPARE(window.Events(), QStringList({"Gain=8", "send"}));
-    window.gain->ShowPosition(0);
+    QCOMPARE(window.Events(), QStringList({"gain=8", "send"}));
+    window.ShowGain(0);
     QCOMPARE(window.gain->Field()->text(), "6.0");
 }
 
@@ -312,7 +312,7 @@ void LevelPairTest::fieldsOfOneRuleShareOneWidth()
     QVERIFY(window.gain->Field()->width() > window.fontMetrics().horizontalAdvance("-6.0"));
     QVERIFY(window.bass->Field()->width() > window.fontMetrics().horizontalAdvance("-10"));
     const int before = window.gain->Field()->width();
-    window.gain->ShowPosition(24);
+    window.ShowGain(24);
     QCoreApplication::processEvents();
     QCOMPARE(window.gain->Field()->width(), before);
 }

@@ -119,7 +119,7 @@ void ChannelCommandsTest::pasteRefusesInItsOrder()
     console.AnswerNextBox("Error", QMessageBox::Ok, "Incompatable Channel Format!");
     console.Click("cmdPaste");
     QVERIFY(console.AllBoxesSeen());
-    QVERIFY(!console.settings.SettingsChanged);
+    QVERIFY(!console.file.SettingsChanged);
     QVERIFY(!std::ranges::count(console.Calls(), "SetAudio"));
 }
 
@@ -137,7 +137,7 @@ void ChannelCommandsTest::pasteAsksAndUploadsOnce()
     console.AnswerNextBox("Copy?", QMessageBox::Yes, question);
     console.Click("cmdPaste");
     QCOMPARE(console.Calls(), Calls{"SetAudio"});
-    QVERIFY(console.settings.SettingsChanged);
+    QVERIFY(console.file.SettingsChanged);
     QCOMPARE(console.OfUnit(Right).Band, console.OfUnit(Left).Band);
     QCOMPARE(console.OfUnit(Right).BassLevel, console.OfUnit(Left).BassLevel);
     QCOMPARE(console.OfUnit(Right).TrebleLevel, console.OfUnit(Left).TrebleLevel);
@@ -193,7 +193,7 @@ void ChannelCommandsTest::resetChannelAsksAndUploadsOnce()
     QCOMPARE(console.Text("lblBass"), "0");
     QCOMPARE(console.Text("lblTreb"), "0");
     QCOMPARE(console.OfUnit(Left).BassLevel, Byte(10));
-    QVERIFY(console.settings.SettingsChanged);
+    QVERIFY(console.file.SettingsChanged);
 }
 
 void ChannelCommandsTest::resetSubwooferChoosesTheFirstButtons()
@@ -214,7 +214,7 @@ void ChannelCommandsTest::resetSubwooferChoosesTheFirstButtons()
 void ChannelCommandsTest::ctrlShortcutsRunTheirCommands()
 {
     EqualiserConsole console;
-    console.settings.Options.Shortcuts = true;
+    console.options.Shortcuts = true;
     console.Key(Qt::Key_M, Qt::ControlModifier);
     console.Key(Qt::Key_G, Qt::ControlModifier);
     QCOMPARE(console.Calls(), (Calls{"SetMute -1", "SetPink 0 -1"}));
@@ -235,7 +235,7 @@ void ChannelCommandsTest::shortcutsNeedTheirOptionAndTheTab()
 {
     EqualiserConsole console;
     console.Key(Qt::Key_M, Qt::ControlModifier);
-    console.settings.Options.Shortcuts = true;
+    console.options.Shortcuts = true;
     console.Key(Qt::Key_M, Qt::ControlModifier | Qt::ShiftModifier);
     console.Key(Qt::Key_X, Qt::ControlModifier);
     console.GoTo(Tab::OutputTrim);

@@ -103,11 +103,11 @@ void EqualiserPanelTest::bandDraggedByMouseIsStoredAndSentOnce()
     console.DragTo(console.Slider("sclA", 14), 4);
     QCOMPARE(console.Text("lblBand(14)"), "4.0");
     QCOMPARE(console.Calls(), Calls{});
-    QVERIFY(!console.settings.SettingsChanged);
+    QVERIFY(!console.file.SettingsChanged);
     console.Drop(console.Slider("sclA", 14));
     QCOMPARE(console.Calls(), Calls{"SetAudio"});
     QCOMPARE(console.OfUnit(Left).Band[14], Byte(4));
-    QVERIFY(console.settings.SettingsChanged);
+    QVERIFY(console.file.SettingsChanged);
 }
 
 void EqualiserPanelTest::bandTypedIsStoredAndSentOnce()
@@ -200,19 +200,19 @@ void EqualiserPanelTest::rangeMessagesOfTheTab()
     EqualiserConsole console;
     console.Choose(channel);
     console.Forget();
-    const AudioBlock before = console.settings.Audio;
+    const AudioBlock before = console.room.Audio;
     console.AnswerNextBox("Range Check Error", QMessageBox::Ok, message);
     console.Type(field, bad);
     QVERIFY(console.AllBoxesSeen());
     QCOMPARE(console.Find<QLineEdit>(field)->selectedText(), bad);
-    QVERIFY(std::ranges::equal(BytesOf(console.settings.Audio), BytesOf(before)));
+    QVERIFY(std::ranges::equal(BytesOf(console.room.Audio), BytesOf(before)));
     QCOMPARE(console.Calls(), Calls{});
 }
 
 void EqualiserPanelTest::changeWithAutomaticUploadOffIsStoredAndTold()
 {
     EqualiserConsole console;
-    console.settings.Options.AutoUpload = false;
+    console.options.AutoUpload = false;
     console.Type("lblBand(0)", "2");
     console.Type("lblBass", "1");
     QCOMPARE(console.Calls(), Calls{});
@@ -269,7 +269,7 @@ void EqualiserPanelTest::centreFrequencyAndWidthAreTwoGroupsStoredAndSent()
     QVERIFY(console.Option("optBand", 2)->isChecked());
     QVERIFY(!console.Option("optBand", 0)->isChecked());
     QCOMPARE(console.Calls(), (Calls{"SetAudio", "SetAudio"}));
-    QVERIFY(console.settings.SettingsChanged);
+    QVERIFY(console.file.SettingsChanged);
 }
 
 void EqualiserPanelTest::subBassGainKeysAndTyping()
@@ -300,13 +300,13 @@ void EqualiserPanelTest::optionsSetByCodeAreNoClicks()
     console.Option("optSPB", 3)->setChecked(true);
     console.Option("optBand", 1)->setChecked(true);
     QCOMPARE(console.Calls(), Calls{});
-    QVERIFY(!console.settings.SettingsChanged);
+    QVERIFY(!console.file.SettingsChanged);
 }
 
 void EqualiserPanelTest::explicitUploadSendsWhatTheTabShows()
 {
     EqualiserConsole console;
-    console.settings.Options.AutoUpload = false;
+    console.options.AutoUpload = false;
     console.Slider("sclA", 9)->setFocus();
     console.Press(Qt::Key_Down);
     console.Click("cmdUp(1)");
@@ -326,14 +326,14 @@ void EqualiserPanelTest::readBackShowsTheUnitAndSendsNothing()
     QCOMPARE(console.Text("lblBand(11)"), "4.5");
     QCOMPARE(console.Text("lblBass"), "-10");
     QVERIFY(!std::ranges::count(console.Calls(), "SetAudio"));
-    QVERIFY(!console.settings.SettingsChanged);
+    QVERIFY(!console.file.SettingsChanged);
 }
 
 void EqualiserPanelTest::readBackWaitsForTheHand()
 {
     EqualiserConsole console;
-    console.settings.Options.AutoRefresh = 1;
-    console.settings.Options.RefreshSeconds = 1;
+    console.options.AutoRefresh = true;
+    console.options.RefreshSeconds = 1;
     console.DragTo(console.Slider("sclA", 0), 2);
     console.Tick("tmrRefresh");
     QCOMPARE(console.Calls(), Calls{});
@@ -362,7 +362,7 @@ void EqualiserPanelTest::cableLostDuringADragIsOneMessageAndTheEditIsKept()
     QCOMPARE(console.Slice(Left).Band[13], Byte(0));
     QCOMPARE(console.Text("lblBand(13)"), "6.0");
     QVERIFY(!console.Slider("sclA", 13)->isEnabled());
-    QVERIFY(console.settings.SettingsChanged);
+    QVERIFY(console.file.SettingsChanged);
     QCOMPARE(console.Find<QLabel>("lblStat")->text(), "Off Line");
 }
 

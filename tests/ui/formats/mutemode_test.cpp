@@ -74,7 +74,7 @@ void MuteModeTest::eachMuteButtonTogglesAllFive()
     QCOMPARE(WrongMute(console, false), QString());
     console.Click(button);
     QCOMPARE(WrongMute(console, true), QString());
-    QCOMPARE(console.settings.MuteState, True);
+    QCOMPARE(console.room.MuteState, True);
     console.Click(button);
     QCOMPARE(WrongMute(console, false), QString());
     QCOMPARE(console.Calls(), (Calls{"SetMute -1", "SetMute 0"}));
@@ -96,7 +96,7 @@ void MuteModeTest::muteDoesNotMarkTheSettingsChanged()
     ConsoleUnderTest console;
     console.Click("cmdMute5");
     console.Click("cmdMode(1)");
-    QVERIFY(!console.settings.SettingsChanged);
+    QVERIFY(!console.file.SettingsChanged);
 }
 
 void MuteModeTest::muteThatTheUnitDidNotTakeStaysShownOffLine()
@@ -106,7 +106,7 @@ void MuteModeTest::muteThatTheUnitDidNotTakeStaysShownOffLine()
     console.AnswerNextBox("Connection Error", QMessageBox::Ok);
     console.Click("cmdMute5");
     QVERIFY(console.AllBoxesSeen());
-    QCOMPARE(console.settings.MuteState, True);
+    QCOMPARE(console.room.MuteState, True);
     QCOMPARE(WrongMute(console, true), QString());
 }
 

@@ -130,7 +130,7 @@ class OptionsPanelTest : public QObject {
         console.ChooseItem(list, item);
         QCOMPARE(console.Calls(), Calls{"SetSystem"});
         QCOMPARE(int(BytesOf(console.unit.system)[std::size_t(offset)]), byte);
-        QVERIFY(console.settings.SettingsChanged);
+        QVERIFY(console.file.SettingsChanged);
     }
 
     void aPowerOnFormatIsStoredByItsIndexNotItsPlace()
@@ -220,7 +220,7 @@ class OptionsPanelTest : public QObject {
         QCOMPARE(console.List("cboReaderDelay").currentText(), "75.00 TC Frames");
         QCOMPARE(console.List("cboSurroundDelay").currentText(), "70 mS");
         QCOMPARE(console.Calls(), Calls{});
-        QVERIFY(!console.settings.SettingsChanged);
+        QVERIFY(!console.file.SettingsChanged);
     }
 
     void bytesBeyondTheListsShowNoChoiceAndGoBackUnchanged()
@@ -253,7 +253,7 @@ class OptionsPanelTest : public QObject {
         system.ReaderDelay = {128, 0};
         Options console(system);
         QCOMPARE(console.List("cboReaderDelay").currentIndex(), -1);
-        QCOMPARE(ReaderDelayIndex(console.settings.System), 32768);
+        QCOMPARE(ReaderDelayIndex(console.room.System), 32768);
     }
 
     void aClickOnAnOddMatrixByteLeavesItForGood()
@@ -319,7 +319,7 @@ class OptionsPanelTest : public QObject {
         console.unit.FailNext(Operation::SetSystem, 8, 6);
         console.AnswerNextBox("Connection Error", QMessageBox::Ok);
         console.Click("optDefaultFormat(2)");
-        QCOMPARE(console.settings.System.DefaultFormat, Byte(2));
+        QCOMPARE(console.room.System.DefaultFormat, Byte(2));
         QCOMPARE(console.Chosen("optDefaultFormat", 5), 2);
     }
 

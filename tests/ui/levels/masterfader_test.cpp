@@ -45,7 +45,7 @@ void MasterFaderTest::valueTypedInAnyFieldShowsEverywhereAndIsSentOnce()
     QCOMPARE(console.Wrong("6.5", 34), QString());
     QCOMPARE(console.Calls(), Calls{"SetVol 65"});
     QCOMPARE(console.unit.panel.level, Word(65));
-    QVERIFY(!console.settings.SettingsChanged);
+    QVERIFY(!console.file.SettingsChanged);
 
     console.Type(field, "7");
     QCOMPARE(console.Wrong("7.0", 29), QString());
@@ -137,7 +137,7 @@ void MasterFaderTest::levelBeyondTheScaleIsShownAsItIsAndCanBeTypedOver()
     QCOMPARE(console.Wrong("-0.7", 99), QString());
     console.Find<QLineEdit>("lblVol(3)")->setFocus();
     console.Main()->setFocus();
-    QCOMPARE(console.settings.FaderLevel, Word(-7));
+    QCOMPARE(console.room.FaderLevel, Word(-7));
 }
 
 void MasterFaderTest::fieldBeingTypedInIsNotRewrittenByAPoll()

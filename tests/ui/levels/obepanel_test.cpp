@@ -81,7 +81,7 @@ class ObePanelTest : public QObject {
         console.Click("cmdOBEEnable");
         QCOMPARE(console.unit.audio.ObeFreq, Byte(6));
         QCOMPARE(console.Calls(), (Calls{"SetAudio", "SetAudio", "SetAudio", "SetAudio"}));
-        QVERIFY(console.settings.SettingsChanged);
+        QVERIFY(console.file.SettingsChanged);
     }
 
     void aChoiceWhileObeIsOffIsIgnoredAndNotRemembered()
@@ -89,7 +89,7 @@ class ObePanelTest : public QObject {
         Obe console(0);
         emit console.List().activated(5); // the disabled list cannot be reached by hand
         QCOMPARE(console.Calls(), Calls{});
-        QVERIFY(!console.settings.SettingsChanged);
+        QVERIFY(!console.file.SettingsChanged);
         console.Click("cmdOBEEnable");
         QCOMPARE(console.unit.audio.ObeFreq, Byte(1));
     }
@@ -138,7 +138,7 @@ class ObePanelTest : public QObject {
         QCOMPARE(console.Level(), text);
         QCOMPARE(console.Calls(), Calls{"SetAudio"});
         QCOMPARE(console.unit.audio.ObeLevel, Byte(byte));
-        QVERIFY(console.settings.SettingsChanged);
+        QVERIFY(console.file.SettingsChanged);
     }
 
     void aTypedLevelOutOfRangeIsRefused_data()
@@ -214,8 +214,8 @@ class ObePanelTest : public QObject {
         console.Trigger("mnuAuto");
         console.Click("cmdOBEEnable");
         QCOMPARE(console.Calls(), Calls{});
-        QCOMPARE(console.settings.Audio.ObeFreq, Byte(0));
-        QVERIFY(console.settings.SettingsChanged);
+        QCOMPARE(console.room.Audio.ObeFreq, Byte(0));
+        QVERIFY(console.file.SettingsChanged);
         console.Click("cmdUp(2)");
         QCOMPARE(console.unit.audio.ObeFreq, Byte(0));
     }
@@ -267,14 +267,14 @@ class ObePanelTest : public QObject {
         Obe console(4, 7);
         console.TypeOnly("lblOBE", "-3");
         console.unit.audio.ObeFreq = 0;
-        console.settings.Options.AutoRefresh = 1;
-        console.settings.Options.RefreshSeconds = 1;
+        console.options.AutoRefresh = true;
+        console.options.RefreshSeconds = 1;
         console.Tick("tmrRefresh");
         QVERIFY(!console.Find<QLineEdit>("lblOBE")->isEnabled());
         QCOMPARE(console.Level(), "2.5");
         QCOMPARE(console.Position(), 17);
-        QCOMPARE(console.settings.Audio.ObeLevel, Byte(7));
-        QVERIFY(!console.settings.SettingsChanged);
+        QCOMPARE(console.room.Audio.ObeLevel, Byte(7));
+        QVERIFY(!console.file.SettingsChanged);
         QCOMPARE(console.Calls(), (Calls{"GetAudio", "GetSystem", "GetMute", "GetVol", "GetFormat"}));
     }
 
@@ -284,18 +284,8 @@ class ObePanelTest : public QObject {
         console.TypeOnly("lblOBE", "-3");
         console.Click("cmdOBEEnable");
         QCOMPARE(console.Level(), "-3.0");
-        QCOMPARE(console.settings.Audio.ObeLevel, Byte(18));
+        QCOMPARE(console.room.Audio.ObeLevel, Byte(18));
         QCOMPARE(console.unit.audio.ObeLevel, Byte(18));
-    }
-
-    void nothingIsStoredWhileTheProgramItselfSetsControls()
-    {
-        Obe console(4, 7);
-        const FlagGuard updating(console.settings.Updating);
-        console.Find<QSlider>("sclOBE")->setValue(3);
-        QCOMPARE(console.settings.Audio.ObeLevel, Byte(7));
-        QVERIFY(!console.settings.SettingsChanged);
-        QCOMPARE(console.Calls(), Calls{});
     }
 
     void showingTheUnitsSettingsSendsNothing()
@@ -307,7 +297,7 @@ class ObePanelTest : public QObject {
         QCOMPARE(console.List().currentText(), "120 Hz");
         QCOMPARE(console.Level(), "-4.0");
         QCOMPARE(console.Calls(), (Calls{"GetAudio", "GetSystem", "GetMute", "GetVol", "GetFormat"}));
-        QVERIFY(!console.settings.SettingsChanged);
+        QVERIFY(!console.file.SettingsChanged);
     }
 };
 

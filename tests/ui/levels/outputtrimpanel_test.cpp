@@ -17,7 +17,7 @@ struct Console : ConsoleUnderTest {
         : ConsoleUnderTest(OnLine, Tab::OutputTrim,
                            [](auto &start) { start.unit.audio.ChannelTrim.fill(12); })
     {
-        settings.Options.AutoUpload = true;
+        options.AutoUpload = true;
     }
 
     LevelSlider *Slider(int channel) const { return Find<LevelSlider>(Member("sclPNG", channel)); }
@@ -83,7 +83,7 @@ void OutputTrimPanelTest::typedTrimGoesDownToTheStepBelowAndIsSentOnce()
     QCOMPARE(console.Slider(2)->value(), 8);
     QCOMPARE(console.Calls(), Calls{"SetAudio"});
     QCOMPARE(console.unit.audio.ChannelTrim[Center], Byte(8));
-    QVERIFY(console.settings.SettingsChanged);
+    QVERIFY(console.file.SettingsChanged);
 }
 
 void OutputTrimPanelTest::draggedTrimIsSentOnce()
@@ -118,7 +118,7 @@ void OutputTrimPanelTest::badTrimIsToldAndNothingChanges()
                           "Error, Please enter a number between -6 and 6!");
     console.Type("lblPNG(0)", "-6.5");
     QVERIFY(console.AllBoxesSeen());
-    QCOMPARE(console.settings.Audio.ChannelTrim[Left], Byte(12));
+    QCOMPARE(console.room.Audio.ChannelTrim[Left], Byte(12));
     QCOMPARE(console.Calls(), Calls{});
 }
 
@@ -128,7 +128,7 @@ void OutputTrimPanelTest::resetSetsAllSixAndUploadsOnce()
     for (int channel = 0; channel < ChannelCount; ++channel)
         console.Type(Member("lblPNG", channel), "3");
     console.Forget();
-    console.settings.SettingsChanged = false;
+    console.file.SettingsChanged = false;
     console.Click("cmdReset");
     for (int channel = 0; channel < ChannelCount; ++channel) {
         QCOMPARE(console.Text(channel), "0.0");
@@ -136,7 +136,7 @@ void OutputTrimPanelTest::resetSetsAllSixAndUploadsOnce()
         QCOMPARE(console.unit.audio.ChannelTrim[std::size_t(channel)], Byte(12));
     }
     QCOMPARE(console.Calls(), Calls{"SetAudio"});
-    QVERIFY(console.settings.SettingsChanged);
+    QVERIFY(console.file.SettingsChanged);
 }
 
 void OutputTrimPanelTest::resetTakesWhatIsTypedFirst()
@@ -164,10 +164,10 @@ void OutputTrimPanelTest::resetWithAutomaticUploadOffIsStoredAndTold()
     Console console;
     console.Type("lblPNG(3)", "3");
     console.Forget();
-    console.settings.Options.AutoUpload = false;
+    console.options.AutoUpload = false;
     console.Click("cmdReset");
     QCOMPARE(console.Calls(), Calls{});
-    QCOMPARE(console.settings.Audio.ChannelTrim[RightSurround], Byte(12));
+    QCOMPARE(console.room.Audio.ChannelTrim[RightSurround], Byte(12));
     QVERIFY(console.Find<QLabel>("lblSent")->text().startsWith("1 change"));
 }
 
@@ -281,7 +281,7 @@ void OutputTrimPanelTest::newShowsEveryToggleOff()
 void OutputTrimPanelTest::explicitUploadSendsBothRecords()
 {
     Console console;
-    console.settings.Options.AutoUpload = false;
+    console.options.AutoUpload = false;
     console.TypeOnly("lblPNG(1)", "4");
     console.Click("cmdUp(0)");
     QCOMPARE(console.Calls(), (Calls{"SetSystem", "SetAudio"}));

@@ -114,10 +114,9 @@ void CommandLineTest::theSimulatedUnitIsConnectedAndLogged()
 void CommandLineTest::aNamedFileIsOpenedAfterTheStart()
 {
     QTemporaryDir folder;
-    Settings settings;
-    settings.FaderLevel = 21;
-    settings.CurrentFileName = folder.filePath("room.zcf").toStdString();
-    QVERIFY(!SaveConfigFile(settings));
+    RoomSettings room;
+    room.FaderLevel = 21;
+    QVERIFY(!SaveConfigFile(folder.filePath("room.zcf").toStdString(), room));
     const QString log = folder.filePath("calls.log");
     Console console(
         {"--simulate", "--program-dir", folder.path(), "--log", log, folder.filePath("room.zcf")});

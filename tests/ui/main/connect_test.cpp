@@ -147,7 +147,7 @@ void ConnectTest::nothingElseStartsWhileAnAttemptRuns()
     QVERIFY(turns >= 2); // one after each failure, and those in which the dialog comes up
     QCOMPARE(console.Calls(), (Calls{"InitDLL 1", "InitDLL 1", "InitDLL 1", "GetUnitVersion", "GetAudio",
                                      "GetSystem", "GetMute", "GetVol", "GetFormat", "StopStream"}));
-    QCOMPARE(console.settings.BaudIndex, Word(0));
+    QVERIFY(console.Action("mnuBaud1")->isChecked());
     QVERIFY(!console.Action("mnuAuto")->isChecked());
     QCOMPARE(console.Find<QTabWidget>("SSTAB1")->currentIndex(), 1);
     QVERIFY(console.Find<QPushButton>("cmdConnect")->isEnabled());
@@ -273,9 +273,9 @@ void ConnectTest::aPulledCableIsOneMessage()
 void ConnectTest::noTimerTouchesTheUnitWhileABoxIsOpen()
 {
     ConsoleUnderTest console;
-    console.settings.Options.AutoRefresh = 1;
-    console.settings.Options.RefreshSeconds = 1;
-    console.settings.SettingsChanged = true;
+    console.options.AutoRefresh = true;
+    console.options.RefreshSeconds = 1;
+    console.file.SettingsChanged = true;
     console.AnswerNextBox("Save?", QMessageBox::No, {}, [&] {
         console.Tick("tmrPoll");
         console.Tick("tmrRefresh");
@@ -311,14 +311,14 @@ void ConnectTest::aPollReflectsTheFrontPanelAndSendsNothing()
 void ConnectTest::theReReadComesAtItsPeriodAndSkipsBusyTicks()
 {
     ConsoleUnderTest console;
-    console.settings.Options.RefreshSeconds = 3;
+    console.options.RefreshSeconds = 3;
     console.Tick("tmrRefresh");
     QCOMPARE(console.Calls(), Calls());
-    console.settings.Options.AutoRefresh = 1;
+    console.options.AutoRefresh = true;
     console.Tick("tmrRefresh");
     console.Tick("tmrRefresh");
     QCOMPARE(console.Calls(), Calls());
-    console.settings.SettingsChanged = true;
+    console.file.SettingsChanged = true;
     console.AnswerNextBox("Save?", QMessageBox::No, {}, [&] { console.Tick("tmrRefresh"); });
     console.Trigger("mnuNew");
     QCOMPARE(console.Calls(), Calls());
@@ -329,8 +329,8 @@ void ConnectTest::theReReadComesAtItsPeriodAndSkipsBusyTicks()
 void ConnectTest::theReReadWaitsForTheHand()
 {
     ConsoleUnderTest console(OnLine, Tab::OutputTrim);
-    console.settings.Options.AutoRefresh = 1;
-    console.settings.Options.RefreshSeconds = 1;
+    console.options.AutoRefresh = true;
+    console.options.RefreshSeconds = 1;
     console.Find<QSlider>("sclPNG(0)")->setFocus();
     console.Press(Qt::Key_Up);
     console.Tick("tmrRefresh");
@@ -343,8 +343,8 @@ void ConnectTest::theReReadWaitsForTheHand()
 void ConnectTest::theReReadWaitsForTheStream()
 {
     ConsoleUnderTest console(OnLine, Tab::OpticalSetup);
-    console.settings.Options.AutoRefresh = 1;
-    console.settings.Options.RefreshSeconds = 1;
+    console.options.AutoRefresh = true;
+    console.options.RefreshSeconds = 1;
     console.Click("cmdStart");
     console.Find<QTimer>("tmrOptical")->stop();
     console.Forget();

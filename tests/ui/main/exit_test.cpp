@@ -91,7 +91,7 @@ void ExitTest::offLineNothingIsAskedAndNothingSent()
 void ExitTest::cancelKeepsTheProgramRunningAndWritesNothing()
 {
     ConsoleUnderTest console;
-    console.settings.SettingsChanged = true;
+    console.file.SettingsChanged = true;
     AnswerSave(console, QMessageBox::Cancel);
     QVERIFY(!console.window->close());
     QVERIFY(console.window->isVisible());
@@ -106,8 +106,8 @@ void ExitTest::cancelKeepsTheProgramRunningAndWritesNothing()
 void ExitTest::yesSavesTheOpenFile()
 {
     ConsoleUnderTest console;
-    console.settings.CurrentFileName = console.File("open.zcf").toStdString();
-    console.settings.SettingsChanged = true;
+    console.file.CurrentFileName = console.File("open.zcf").toStdString();
+    console.file.SettingsChanged = true;
     AnswerSave(console, QMessageBox::Yes);
     AnswerRevert(console, QMessageBox::No);
     QVERIFY(console.window->close());
@@ -117,7 +117,7 @@ void ExitTest::yesSavesTheOpenFile()
 void ExitTest::yesWithoutAFileGoesThroughSaveAs()
 {
     ConsoleUnderTest console;
-    console.settings.SettingsChanged = true;
+    console.file.SettingsChanged = true;
     AnswerSave(console, QMessageBox::Yes);
     console.ChooseNextFile(console.File("chosen.zcf"));
     AnswerRevert(console, QMessageBox::No);
@@ -128,11 +128,11 @@ void ExitTest::yesWithoutAFileGoesThroughSaveAs()
 void ExitTest::aSaveThatIsCancelledCallsTheExitOff()
 {
     ConsoleUnderTest console;
-    console.settings.SettingsChanged = true;
+    console.file.SettingsChanged = true;
     AnswerSave(console, QMessageBox::Yes);
     console.ChooseNextFile("");
     QVERIFY(!console.window->close());
-    QVERIFY(console.settings.SettingsChanged);
+    QVERIFY(console.file.SettingsChanged);
     QCOMPARE(console.Calls(), Calls());
 }
 
@@ -140,12 +140,12 @@ void ExitTest::aSaveThatFailsCallsTheExitOff()
 {
     ConsoleUnderTest console;
     QVERIFY(QDir().mkdir(console.File("folder.zcf")));
-    console.settings.CurrentFileName = console.File("folder.zcf").toStdString();
-    console.settings.SettingsChanged = true;
+    console.file.CurrentFileName = console.File("folder.zcf").toStdString();
+    console.file.SettingsChanged = true;
     AnswerSave(console, QMessageBox::Yes);
     console.AnswerNextBox("File Error", QMessageBox::Ok);
     QVERIFY(!console.window->close());
-    QVERIFY(console.settings.SettingsChanged);
+    QVERIFY(console.file.SettingsChanged);
 }
 
 void ExitTest::aBadValueCallsTheExitOff()
@@ -164,12 +164,12 @@ void ExitTest::revertLoadsTheSnapshotAndSendsBothRecords()
         test.unit.panel.level = 70;
         test.unit.audio.ChannelTrim[Center] = 5;
     });
-    console.settings.Options.AutoUpload = true;
+    console.options.AutoUpload = true;
     console.Type("lblPNG(2)", "-1");
     QCOMPARE(console.unit.audio.ChannelTrim[Center], Byte(14));
     console.Type("lblVol(0)", "3");
     console.Forget();
-    console.settings.SettingsChanged = false;
+    console.file.SettingsChanged = false;
     AnswerRevert(console, QMessageBox::Yes);
     QVERIFY(console.window->close());
     const Calls reverted{"SetVol 70", "SelectFormat 4", "SetMute 0",    "SetSystem",
@@ -182,8 +182,8 @@ void ExitTest::revertLoadsTheSnapshotAndSendsBothRecords()
 void ExitTest::revertAsksNoSaveAgain()
 {
     ConsoleUnderTest console;
-    console.settings.FileLoaded = true;
-    console.settings.SettingsChanged = true;
+    console.file.FileLoaded = true;
+    console.file.SettingsChanged = true;
     AnswerSave(console, QMessageBox::No);
     AnswerRevert(console, QMessageBox::Yes);
     QVERIFY(console.window->close());
@@ -202,10 +202,10 @@ void ExitTest::theFirstLaterConnectionTakesTheSnapshot()
 {
     ConsoleUnderTest console(OffLine);
     console.unit.panel.plugged = true;
-    console.settings.SettingsChanged = true;
+    console.file.SettingsChanged = true;
     console.Click("cmdConnect");
     QVERIFY(QFile::exists(console.File("temp.qm4")));
-    QVERIFY(console.settings.SettingsChanged);
+    QVERIFY(console.file.SettingsChanged);
     QCOMPARE(console.window->windowTitle(), "Kelvo Cinema Processor and EQ Software   <CP Settings>");
     AnswerSave(console, QMessageBox::No);
     AnswerRevert(console, QMessageBox::No);
@@ -218,7 +218,7 @@ void ExitTest::thePreferencesAreWritten()
     ConsoleUnderTest console;
     console.Trigger("mnuCom2");
     console.Trigger("mnuAuto");
-    console.settings.Options.RefreshSeconds = 15;
+    console.options.RefreshSeconds = 15;
     AnswerRevert(console, QMessageBox::No);
     QVERIFY(console.window->close());
     const Preferences kept{.ComPort = 2, .AutoUpload = true, .RefreshSeconds = 15};
@@ -307,7 +307,7 @@ void ExitTest::exitIsTheMenusLastItem()
 void ExitTest::theEndOfASessionAsksWhenItMay()
 {
     ConsoleUnderTest console;
-    console.settings.SettingsChanged = true;
+    console.file.SettingsChanged = true;
     AnswerSave(console, QMessageBox::Cancel);
     QVERIFY(!console.window->EndSession(true));
     QVERIFY(console.window->isVisible());
@@ -316,7 +316,7 @@ void ExitTest::theEndOfASessionAsksWhenItMay()
 void ExitTest::theEndOfASessionAsksForUnsavedWorkAlone()
 {
     ConsoleUnderTest console;
-    console.settings.SettingsChanged = true;
+    console.file.SettingsChanged = true;
     AnswerSave(console, QMessageBox::No);
     QVERIFY(console.window->EndSession(true));
     QVERIFY(console.AllBoxesSeen());
@@ -326,7 +326,7 @@ void ExitTest::theEndOfASessionAsksForUnsavedWorkAlone()
 void ExitTest::theEndOfASessionThatMayNotAskJustCloses()
 {
     ConsoleUnderTest console;
-    console.settings.SettingsChanged = true;
+    console.file.SettingsChanged = true;
     console.Trigger("mnuAutoRef");
     QVERIFY(console.window->EndSession(false));
     QCOMPARE(console.Calls(), End);

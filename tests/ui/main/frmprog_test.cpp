@@ -66,8 +66,8 @@ class FrmProgTest : public QObject {
     {
         ConsoleUnderTest console(OffLine);
         console.unit.panel.plugged = true;
-        console.settings.Options.AutoRefresh = 1;
-        console.settings.Options.RefreshSeconds = 1;
+        console.options.AutoRefresh = true;
+        console.options.RefreshSeconds = 1;
         bool came = false;
         QTimer::singleShot(0, console.window.get(), [&] {
             came = Progress(console);

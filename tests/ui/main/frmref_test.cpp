@@ -35,7 +35,7 @@ QAbstractButton *Button(const FrmRef &frmRef, const char *name)
 
 void FrmRefTest::theDialogShowsThePreferences()
 {
-    Preferences options{.AutoRefresh = 1, .RefreshSeconds = 25};
+    Preferences options{.AutoRefresh = true, .RefreshSeconds = 25};
     FrmRef frmRef(options, nullptr);
     QCOMPARE(frmRef.windowTitle(), "Automatic Update");
     QCOMPARE(Button(frmRef, "chkRef")->text(), "Enable Automatic Update");
@@ -82,7 +82,7 @@ void FrmRefTest::aPeriodIsItsLeadingNumber()
 {
     QFETCH(QString, text);
     QFETCH(int, period);
-    Preferences options{.AutoRefresh = 1, .RefreshSeconds = 25};
+    Preferences options{.AutoRefresh = true, .RefreshSeconds = 25};
     FrmRef frmRef(options, nullptr);
     frmRef.show();
     Period(frmRef)->setText(text);
@@ -93,7 +93,7 @@ void FrmRefTest::aPeriodIsItsLeadingNumber()
 
 void FrmRefTest::theCloseButtonTakesTheValues()
 {
-    Preferences options{.AutoRefresh = 1, .RefreshSeconds = 25};
+    Preferences options{.AutoRefresh = true, .RefreshSeconds = 25};
     FrmRef frmRef(options, nullptr);
     frmRef.show();
     Period(frmRef)->setText("60");

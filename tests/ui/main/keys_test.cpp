@@ -34,7 +34,7 @@ namespace {
 
 void WithShortcuts(ConsoleUnderTest &test)
 {
-    test.settings.Options.Shortcuts = true;
+    test.options.Shortcuts = true;
 }
 
 } // namespace
@@ -104,7 +104,7 @@ void KeysTest::f2IsCalledOffByABadValue()
 void KeysTest::f2AsksWhenTheConfirmBoxIsWanted()
 {
     ConsoleUnderTest console;
-    console.settings.Options.ConfirmUpload = true;
+    console.options.ConfirmUpload = true;
     console.AnswerNextBox("Confirm Upload!", QMessageBox::No,
                           "Are you sure you want to Upload the Current Settings?");
     console.Key(Qt::Key_F2);
@@ -180,10 +180,10 @@ void KeysTest::aShortcutNeedsItsConditions()
     QFETCH(int, modifiers);
     QFETCH(bool, plugged);
     ConsoleUnderTest console(plugged ? OnLine : OffLine, Tab(tab));
-    console.settings.Options.Shortcuts = enabled;
+    console.options.Shortcuts = enabled;
     console.Key(Qt::Key_M, Qt::KeyboardModifiers(modifiers));
     QCOMPARE(console.Calls(), Calls());
-    QCOMPARE(console.settings.MuteState, False);
+    QCOMPARE(console.room.MuteState, False);
 }
 
 void KeysTest::aFieldKeepsItsOwnKeysWithoutShortcuts()
@@ -206,7 +206,7 @@ void KeysTest::aShortcutTakesWhatIsBeingTypedFirst()
     WithShortcuts(console);
     console.TypeOnly("lblBass", "3");
     console.Key(Qt::Key_C, Qt::ControlModifier);
-    QCOMPARE(console.settings.Audio.ChannelEq[Left].BassLevel, Byte(7));
+    QCOMPARE(console.room.Audio.ChannelEq[Left].BassLevel, Byte(7));
     console.TypeOnly("lblBass", "33");
     console.AnswerNextBox("Range Check Error", QMessageBox::Ok);
     console.Key(Qt::Key_L, Qt::ControlModifier);
@@ -228,7 +228,7 @@ void KeysTest::aShortcutWhoseEntryLosesTheLinkIsNotRun()
     QFETCH(int, key);
     ConsoleUnderTest console(OnLine, Tab::Eq);
     WithShortcuts(console);
-    console.settings.Options.AutoUpload = true;
+    console.options.AutoUpload = true;
     console.TypeOnly("lblBass", "3");
     console.unit.panel.plugged = false;
     console.AnswerNextBox("Connection Error", QMessageBox::Ok);
@@ -236,7 +236,7 @@ void KeysTest::aShortcutWhoseEntryLosesTheLinkIsNotRun()
     QVERIFY(console.AllBoxesSeen());
     QVERIFY(console.Find<QPushButton>("cmdEQChan(0)")->font().bold());
     QCOMPARE(console.Find<QPushButton>("cmdPink")->text(), "Pink Noise Off");
-    QCOMPARE(console.settings.MuteState, False);
+    QCOMPARE(console.room.MuteState, False);
 }
 
 void KeysTest::keysThatAreNoCharactersAreNoShortcuts()

@@ -74,7 +74,7 @@ void MenusTest::aComPortIsForTheNextConnection()
     ConsoleUnderTest console;
     console.Trigger("mnuCom4");
     QCOMPARE(console.Calls(), Calls());
-    QCOMPARE(console.settings.Options.ComPort, Word(4));
+    QCOMPARE(console.options.ComPort, Word(4));
     for (const char *other : {"mnuCom1", "mnuCom2", "mnuCom3"})
         QVERIFY(!Checked(console, other));
     QVERIFY(Checked(console, "mnuCom4"));
@@ -112,7 +112,7 @@ void MenusTest::aFailingBaudRateMovesItsMarkOnlyAfterwards()
 void MenusTest::automaticUploadsDisableTheTwoOthers()
 {
     ConsoleUnderTest console;
-    console.settings.Options.ConfirmUpload = true;
+    console.options.ConfirmUpload = true;
     console.Trigger("mnuAuto");
     QVERIFY(Checked(console, "mnuAuto"));
     QVERIFY(Checked(console, "mnuConfirm"));
@@ -151,8 +151,8 @@ void MenusTest::aSecondClickOnAChosenItemKeepsItsMark()
 void MenusTest::automaticUpdateDisablesTheWindowAndTurnsUploadsOn()
 {
     ConsoleUnderTest console;
-    console.settings.Options.AutoRefresh = 1;
-    console.settings.Options.RefreshSeconds = 30;
+    console.options.AutoRefresh = true;
+    console.options.RefreshSeconds = 30;
     console.Trigger("mnuAutoRef");
     QVERIFY(!console.window->isEnabled());
     QVERIFY(console.window->isVisible());
@@ -186,7 +186,7 @@ void MenusTest::automaticUpdateUncheckedLeavesUploadsAlone()
 void MenusTest::closingAutomaticUpdateGivesTheFocusBack()
 {
     ConsoleUnderTest console(OnLine, Tab::Eq);
-    console.settings.Options.AutoUpload = true;
+    console.options.AutoUpload = true;
     auto *sclBass = console.Find<QSlider>("sclBass");
     sclBass->setFocus();
     console.Key(Qt::Key_Up);
@@ -211,7 +211,7 @@ void MenusTest::closingAutomaticUpdateTakesItsValues()
     frmRef->close();
     QVERIFY(console.window->isEnabled());
     QVERIFY(Checked(console, "mnuAutoRef"));
-    QCOMPARE(console.settings.Options.RefreshSeconds, Word(45));
+    QCOMPARE(console.options.RefreshSeconds, Word(45));
 }
 
 void MenusTest::aPollThatFailsUnderAutomaticUpdateIsTold()
@@ -295,7 +295,7 @@ void MenusTest::theTheatreDialogIsOpenedFromMenuAndTab()
     edit("Odeon");
     console.Click("cmdEdit");
     QCOMPARE(name->text(), "Odeon");
-    QVERIFY(console.settings.SettingsChanged);
+    QVERIFY(console.file.SettingsChanged);
     QCOMPARE(console.Calls(), Calls());
 }
 

@@ -33,7 +33,7 @@ void OpenCommandTest::openSendsFaderFormatAndMuteOnceInOrder()
     Open(console, WriteSample(console));
     QCOMPARE(console.Calls(), (Calls{"SetVol 42", "SelectFormat 2", "SetMute -1"}));
     QVERIFY(console.Find<QTimer>("tmrPoll")->isActive());
-    QVERIFY(!console.settings.Updating);
+    QVERIFY(console.TakesEdits());
 }
 
 void OpenCommandTest::openShowsTheFileEverywhere()
@@ -51,8 +51,8 @@ void OpenCommandTest::openShowsTheFileEverywhere()
     QCOMPARE(console.Find<QComboBox>("cboSurroundDelay")->currentText(), "50 mS");
     QCOMPARE(console.Find<QLineEdit>("txtTheaterInfo(1)")->text(), "Odeon 3");
     QVERIFY(console.Action("mnuSave")->isEnabled());
-    QVERIFY(console.settings.FileLoaded);
-    QVERIFY(!console.settings.SettingsChanged);
+    QVERIFY(console.file.FileLoaded);
+    QVERIFY(!console.file.SettingsChanged);
     // The records wait for the upload command.
     QVERIFY(console.Find<QLabel>("lblSent")->text().contains("not in the unit - F2"));
 }
@@ -103,9 +103,9 @@ void OpenCommandTest::aFileThatIsNoneIsToldAndChangesNothing()
     ConsoleUnderTest console;
     const QString good = WriteSample(console);
     Open(console, good);
-    console.settings.SettingsChanged = true;
+    console.file.SettingsChanged = true;
     console.Forget();
-    const Settings before = console.settings;
+    const RoomSettings before = console.room;
     QFile file(QDir(console.places.programDirectory).filePath(name));
     QVERIFY(file.open(QFile::WriteOnly) && file.write(content) == content.size());
     file.close();
@@ -117,11 +117,11 @@ void OpenCommandTest::aFileThatIsNoneIsToldAndChangesNothing()
     console.Trigger("mnuLoad");
     QCOMPARE(console.Calls(), Calls());
     QCOMPARE(console.window->windowTitle(), TitleOf(good));
-    QCOMPARE(console.settings.CurrentFileName, before.CurrentFileName);
-    QVERIFY(console.settings.SettingsChanged);
-    QVERIFY(console.settings.FileLoaded);
-    QVERIFY(ComposeConfig(console.settings) == ComposeConfig(before));
-    QVERIFY(!console.settings.Updating);
+    QCOMPARE(console.file.CurrentFileName, good.toStdString());
+    QVERIFY(console.file.SettingsChanged);
+    QVERIFY(console.file.FileLoaded);
+    QVERIFY(console.room == before);
+    QVERIFY(console.TakesEdits());
     QVERIFY(console.Find<QTimer>("tmrPoll")->isActive());
 }
 
@@ -151,15 +151,15 @@ void OpenCommandTest::openAsksOnlyForALoadedFileWithAChange()
     const QString path = WriteSample(console);
     if (loaded)
         Open(console, path);
-    console.settings.SettingsChanged = changed;
-    console.settings.TheaterInfo[0] = "changed";
+    console.file.SettingsChanged = changed;
+    console.room.TheaterInfo[0] = "changed";
     if (loaded && changed)
         console.AnswerNextBox("Save?", QMessageBox::Yes, "Do you want to save your changes?",
                               [&console] { QCOMPARE(console.OpenBox()->icon(), QMessageBox::Question); });
     Open(console, path);
     QVERIFY(console.AllBoxesSeen());
     // Yes has saved the change before the same file is opened again.
-    QCOMPARE(console.settings.TheaterInfo[0], loaded && changed ? "changed" : "");
+    QCOMPARE(console.room.TheaterInfo[0], loaded && changed ? "changed" : "");
 }
 
 void OpenCommandTest::theOpenDialogNamesBothFormats()
@@ -200,7 +200,7 @@ void OpenCommandTest::aLinkLostWhileOpeningStillShowsTheFile()
     QCOMPARE(console.Find<QLabel>("lblStat")->text(), "Off Line");
     QCOMPARE(console.window->windowTitle(), TitleOf(path));
     QCOMPARE(console.Find<QLineEdit>("lblPNG(2)")->text(), "2.0");
-    QVERIFY(!console.settings.Updating);
+    QVERIFY(console.TakesEdits());
 }
 
 QTEST_MAIN(OpenCommandTest)

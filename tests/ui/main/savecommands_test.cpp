@@ -35,11 +35,11 @@ void SaveCommandsTest::saveWritesTheOpenFileWithTheChannelBeingEdited()
     const QString path = WriteSample(console);
     Open(console, path);
     console.Type("lblBass", "-2");
-    QVERIFY(console.settings.SettingsChanged);
+    QVERIFY(console.file.SettingsChanged);
     console.Trigger("mnuSave");
-    QVERIFY(!console.settings.SettingsChanged);
+    QVERIFY(!console.file.SettingsChanged);
     QCOMPARE(console.window->windowTitle(), TitleOf(path));
-    Settings saved;
+    RoomSettings saved;
     QVERIFY(!LoadConfigFile(path.toStdString(), saved));
     QCOMPARE(saved.Audio.ChannelEq[Left].BassLevel, Byte(12));
 }
@@ -71,7 +71,7 @@ void SaveCommandsTest::saveAsProposesAName()
     QFETCH(QString, theater);
     QFETCH(QString, proposal);
     ConsoleUnderTest console;
-    console.settings.TheaterInfo[1] = theater.toStdString();
+    console.room.TheaterInfo[1] = theater.toStdString();
     console.WithNextDialog([&](QDialog *dialog) {
         auto *files = qobject_cast<QFileDialog *>(dialog);
         QCOMPARE(files->findChild<QLineEdit *>("fileNameEdit")->text(), proposal);
@@ -85,7 +85,7 @@ void SaveCommandsTest::saveAsProposesAName()
 void SaveCommandsTest::saveAsTakesTheNameAsItStands()
 {
     ConsoleUnderTest console;
-    console.settings.SettingsChanged = true;
+    console.file.SettingsChanged = true;
     console.AnswerNextBox("Save?", QMessageBox::No);
     console.Trigger("mnuNew");
     QVERIFY(!console.Action("mnuSave")->isEnabled());
@@ -93,18 +93,18 @@ void SaveCommandsTest::saveAsTakesTheNameAsItStands()
     console.Trigger("mnuSaveAs");
     QVERIFY(QFile::exists(console.File("no suffix")));
     QVERIFY(console.Action("mnuSave")->isEnabled());
-    QCOMPARE(console.settings.CurrentFileName, console.File("no suffix").toStdString());
+    QCOMPARE(console.file.CurrentFileName, console.File("no suffix").toStdString());
     QCOMPARE(console.window->windowTitle(), TitleOf(console.File("no suffix")));
 }
 
 void SaveCommandsTest::aCancelledSaveAsWritesNothing()
 {
     ConsoleUnderTest console;
-    console.settings.SettingsChanged = true;
+    console.file.SettingsChanged = true;
     console.ChooseNextFile("");
     console.Trigger("mnuSaveAs");
-    QVERIFY(console.settings.SettingsChanged);
-    QCOMPARE(console.settings.CurrentFileName, std::string());
+    QVERIFY(console.file.SettingsChanged);
+    QCOMPARE(console.file.CurrentFileName, std::string());
     QCOMPARE(console.window->windowTitle(), "Kelvo Cinema Processor and EQ Software   <CP Settings>");
 }
 
@@ -113,17 +113,17 @@ void SaveCommandsTest::aFailedSaveKeepsTitleNameAndChange()
     ConsoleUnderTest console;
     const QString path = WriteSample(console);
     Open(console, path);
-    console.settings.SettingsChanged = true;
+    console.file.SettingsChanged = true;
     const QString folder = console.File("folder.zcf");
     QVERIFY(QDir().mkdir(folder));
-    console.settings.CurrentFileName = folder.toStdString();
+    console.file.CurrentFileName = folder.toStdString();
     console.AnswerNextBox("File Error", QMessageBox::Ok, {}, [&] {
         QVERIFY(console.OpenBox()->text().startsWith("Cannot save " + folder + ": "));
         QVERIFY(console.OpenBox()->text().endsWith("."));
         QCOMPARE(console.OpenBox()->icon(), QMessageBox::Warning);
     });
     console.Trigger("mnuSave");
-    QVERIFY(console.settings.SettingsChanged);
+    QVERIFY(console.file.SettingsChanged);
     QCOMPARE(console.window->windowTitle(), TitleOf(path));
 }
 
@@ -171,33 +171,33 @@ void SaveCommandsTest::newKeepsTheNameAndDisablesSave()
     const QString path = WriteSample(console);
     Open(console, path);
     console.Trigger("mnuNew");
-    QCOMPARE(console.settings.CurrentFileName, path.toStdString());
-    QVERIFY(!console.settings.FileLoaded);
+    QCOMPARE(console.file.CurrentFileName, path.toStdString());
+    QVERIFY(!console.file.FileLoaded);
     QVERIFY(!console.Action("mnuSave")->isEnabled());
 }
 
 void SaveCommandsTest::newAsksForAChangeAndSavesThroughSaveAs()
 {
     ConsoleUnderTest console;
-    console.settings.SettingsChanged = true;
+    console.file.SettingsChanged = true;
     console.AnswerNextBox("Save?", QMessageBox::Yes, "Do you want to save your changes?");
     console.ChooseNextFile(console.File("kept.zcf"));
     console.Trigger("mnuNew");
     QVERIFY(QFile::exists(console.File("kept.zcf")));
     QCOMPARE(console.window->windowTitle(), Untitled);
-    QVERIFY(!console.settings.SettingsChanged);
+    QVERIFY(!console.file.SettingsChanged);
 }
 
 void SaveCommandsTest::newIsCalledOffWhenItsSaveIs()
 {
     ConsoleUnderTest console;
-    console.settings.SettingsChanged = true;
-    console.settings.TheaterInfo[0] = "typed";
+    console.file.SettingsChanged = true;
+    console.room.TheaterInfo[0] = "typed";
     console.AnswerNextBox("Save?", QMessageBox::Yes);
     console.ChooseNextFile("");
     console.Trigger("mnuNew");
-    QCOMPARE(console.settings.TheaterInfo[0], "typed");
-    QVERIFY(console.settings.SettingsChanged);
+    QCOMPARE(console.room.TheaterInfo[0], "typed");
+    QVERIFY(console.file.SettingsChanged);
 }
 
 void SaveCommandsTest::newAfterNewNeverOverwritesTheFileBefore()
@@ -207,7 +207,7 @@ void SaveCommandsTest::newAfterNewNeverOverwritesTheFileBefore()
     Open(console, path);
     console.Trigger("mnuNew");
     const QByteArray before = ContentOf(path);
-    console.settings.SettingsChanged = true;
+    console.file.SettingsChanged = true;
     console.AnswerNextBox("Save?", QMessageBox::Yes);
     console.ChooseNextFile(console.File("other.zcf"));
     console.Trigger("mnuNew");
@@ -223,7 +223,7 @@ void SaveCommandsTest::whatIsTypedIsSavedByTheQuestion()
     console.TypeOnly("lblPNG(0)", "1.5");
     console.AnswerNextBox("Save?", QMessageBox::Yes);
     console.Trigger("mnuNew");
-    Settings saved;
+    RoomSettings saved;
     QVERIFY(!LoadConfigFile(path.toStdString(), saved));
     QCOMPARE(saved.Audio.ChannelTrim[Left], Byte(9));
     QCOMPARE(console.Find<QLineEdit>("lblPNG(0)")->text(), "0.0");

@@ -150,7 +150,7 @@ void TabsTest::enteringObeEnablesItOnLineOnly()
 void TabsTest::enteringTheTheatreTabShowsTheTypedDateAgain()
 {
     ConsoleUnderTest console;
-    console.settings.TheaterInfo[9] = "Autumn 1998";
+    console.room.TheaterInfo[9] = "Autumn 1998";
     console.Key(Qt::Key_F2);
     QVERIFY(console.Find<QLineEdit>("txtTheaterInfo(9)")->text() != "Autumn 1998");
     console.GoTo(Tab::TheaterInformation);

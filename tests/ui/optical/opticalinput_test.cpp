@@ -61,8 +61,12 @@ struct ScriptedConsole {
     ScriptedUnit unit;
     Trace pauses;
     TestClock clock{pauses};
-    Settings settings;
-    FrmMain window{settings,
+    RoomSettings room;
+    Preferences options;
+    FileState file;
+    FrmMain window{room,
+                   options,
+                   file,
                    unit,
                    clock,
                    {.programDirectory = folder.path(),

@@ -44,8 +44,7 @@ struct Optical : ConsoleUnderTest {
         QVERIFY(Find<QTimer>("tmrPoll")->isActive());
         QVERIFY(Find<QTimer>("Timer2")->isActive());
         QVERIFY(Find<QMenu>("mnuBaud")->isEnabled());
-        QCOMPARE(settings.CurrentFormat, Word(4));
-        QVERIFY(!settings.FormatBeforeStream);
+        QCOMPARE(room.CurrentFormat, Word(4));
         QCOMPARE(kelvo::Calls(Calls()).back(), "DLLShutdown");
         QVERIFY(!Find<QWidget>("frmtabs(4)")->isEnabled());
     }
@@ -206,11 +205,10 @@ class OpticalLossTest : public QObject {
     void startDoesNothingOffLineWhereverItIsReached()
     {
         ConsoleUnderTest console(OffLine, Tab::OpticalSetup);
-        console.window->findChild<OpticalPanel *>()->cmdStart_Click();
+        console.window->findChild<OpticalPanel *>()->Stream().Toggle();
         QCOMPARE(console.Calls(), Calls{});
         QCOMPARE(console.Find<QPushButton>("cmdStart")->text(), "Start");
         QVERIFY(!console.Find<QTimer>("tmrOptical")->isActive());
-        QVERIFY(!console.settings.FormatBeforeStream);
     }
 };
 

@@ -115,8 +115,8 @@ class OpticalPanelTest : public QObject {
         QTimer *tmrOptical = TimerOf(console, "tmrOptical");
         QVERIFY(tmrOptical->isActive());
         QCOMPARE(tmrOptical->interval(), 1);
-        QCOMPARE(console.settings.CurrentFormat, Word(1));
-        QCOMPARE(console.settings.OperatorFormat(), OperatorsFormat);
+        QCOMPARE(console.unit.panel.format, Word(1));
+        QCOMPARE(console.room.CurrentFormat, OperatorsFormat);
     }
 
     void stopBringsEverythingBack()
@@ -135,8 +135,8 @@ class OpticalPanelTest : public QObject {
         QCOMPARE(TimerOf(console, "tmrPoll")->interval(), 2000);
         QVERIFY(TimerOf(console, "Timer2")->isActive());
         QVERIFY(console.GraphIsBlank());
-        QCOMPARE(console.settings.CurrentFormat, OperatorsFormat);
-        QVERIFY(!console.settings.FormatBeforeStream);
+        QCOMPARE(console.room.CurrentFormat, OperatorsFormat);
+        QCOMPARE(console.unit.panel.format, OperatorsFormat);
     }
 
     void theModeButtonsKeepTheOperatorsChoiceDuringAStream()
@@ -245,7 +245,7 @@ class OpticalPanelTest : public QObject {
         QCOMPARE(console.Calls(), (Calls{"StopStream", "SetProjector 0", "BeginSlitStream"}));
         QVERIFY(console.GraphIsBlank());
         QVERIFY(console.Streaming());
-        QCOMPARE(console.settings.CurrentFormat, Word(1));
+        QCOMPARE(console.unit.panel.format, Word(1));
         console.Forget();
         console.Tick("tmrOptical");
         QCOMPARE(console.Calls(), Calls{"GetSingleSlitloss"});

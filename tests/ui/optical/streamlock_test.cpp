@@ -91,6 +91,15 @@ class StreamLockTest : public QObject {
         console.ReadUntilLocked();
     }
 
+    void aMuteDuringAStreamLeavesItAsItWas()
+    {
+        Optical console;
+        console.Click("cmdStart");
+        console.ReadUntilLocked();
+        console.window->findChild<OpticalPanel *>()->cmdMute4_Click();
+        console.IsLocked();
+    }
+
     void nothingMovesWhenTheFirstReadingAnswers()
     {
         Optical console;

@@ -1,4 +1,5 @@
 #include "model/tables.h"
+#include "support/ui/levelwindow.h"
 #include "ui/theatre/frmtheater.h"
 #include "ui/theatre/theaterpanel.h"
 
@@ -25,25 +26,29 @@ QStringList Shown(const QWidget &window)
     return texts;
 }
 
-Settings FilledIn()
+TheaterTexts FilledIn()
 {
-    Settings settings;
-    settings.TheaterInfo = {"Circuit One", "Odeon 3", "1 High Street", "Bath",         "Avon", "BA1", "555-1",
-                            "1234",        "3",       "1999",          "Row G rattles"};
-    return settings;
+    return {"Circuit One", "Odeon 3", "1 High Street", "Bath",         "Avon", "BA1", "555-1",
+            "1234",        "3",       "1999",          "Row G rattles"};
 }
 
-/// The settings, the tab and the dialog over them, as the main window joins them.
+/// The room, the tab and the dialog over them, as the main window joins them.
 struct Theater {
     void Click(const char *button) const
     {
         QTest::mouseClick(dialog.findChild<QPushButton *>(QString::fromLatin1(button)), Qt::LeftButton);
     }
 
-    Settings settings = FilledIn();
+    EditedRoom edited;
+    RoomSettings &room = (edited.room.TheaterInfo = FilledIn(), edited.room);
     int edits = 0;
-    TheaterPanel panel{settings, [this] { ++edits; }};
-    FrmTheater dialog{settings, [this] { panel.ApplyTheaterTabFields(); }, nullptr};
+    TheaterPanel panel{edited.editor, [this] { ++edits; }};
+    FrmTheater dialog{edited.editor, nullptr};
+
+    Theater()
+    {
+        edited.show = [this](const Changed &changed) { panel.Show(changed); };
+    }
 };
 
 const QStringList Texts{"Circuit One", "Odeon 3", "1 High Street", "Bath",         "Avon", "BA1", "555-1",
@@ -79,13 +84,13 @@ class FrmTheaterTest : public QObject {
     void theUnitsClockTakesTheDatesBoxAndNothingElse()
     {
         Theater theater;
-        theater.settings.Audio.UnitClock = {0x93, 0x2F, 0x5E, 0x01};
-        theater.panel.ShowDate();
+        theater.room.Audio.UnitClock = {0x93, 0x2F, 0x5E, 0x01};
+        theater.panel.Show({Source::Upload});
         QStringList expected = Texts;
         expected[9] = "15/08/01 3:30 PM";
         QCOMPARE(Shown(theater.panel), expected);
         QCOMPARE(theater.panel.ClockText(), "15/08/01 3:30 PM");
-        QCOMPARE(theater.settings.TheaterInfo[9], "1999");
+        QCOMPARE(theater.room.TheaterInfo[9], "1999");
         theater.panel.ApplyTheaterTabFields();
         QCOMPARE(Shown(theater.panel), Texts);
         QCOMPARE(theater.panel.ClockText(), "15/08/01 3:30 PM");
@@ -120,8 +125,8 @@ class FrmTheaterTest : public QObject {
         QCOMPARE(Shown(theater.panel), Texts);
         theater.Click("cmdOK");
         QCOMPARE(Shown(theater.panel), expected);
-        QCOMPARE(theater.settings.TheaterInfo[10], "text \"10\" \xc3\xa9");
-        QVERIFY(theater.settings.SettingsChanged);
+        QCOMPARE(theater.room.TheaterInfo[10], "text \"10\" \xc3\xa9");
+        QVERIFY(theater.edited.file.SettingsChanged);
         QCOMPARE(theater.dialog.result(), int(QDialog::Accepted));
     }
 
@@ -129,7 +134,7 @@ class FrmTheaterTest : public QObject {
     {
         Theater theater;
         theater.Click("cmdOK");
-        QVERIFY(!theater.settings.SettingsChanged);
+        QVERIFY(!theater.edited.file.SettingsChanged);
         QCOMPARE(theater.dialog.result(), int(QDialog::Accepted));
     }
 
@@ -142,9 +147,9 @@ class FrmTheaterTest : public QObject {
                 QTest::keyClick(&theater.dialog, Qt::Key_Escape);
             else
                 theater.Click("cmdCan");
-            QCOMPARE(theater.settings.TheaterInfo[3], "Bath");
+            QCOMPARE(theater.room.TheaterInfo[3], "Bath");
             QCOMPARE(Shown(theater.panel), Texts);
-            QVERIFY(!theater.settings.SettingsChanged);
+            QVERIFY(!theater.edited.file.SettingsChanged);
         }
     }
 

@@ -48,8 +48,8 @@ class TheaterTabTest : public QObject {
             QCOMPARE(ShownText(console, 0), "Circuit");
             QCOMPARE(ShownText(console, 1), "Odeon 3");
             QCOMPARE(ShownText(console, 10), "Row G");
-            QCOMPARE(console.settings.TheaterInfo[1], "Odeon 3");
-            QVERIFY(console.settings.SettingsChanged);
+            QCOMPARE(console.room.TheaterInfo[1], "Odeon 3");
+            QVERIFY(console.file.SettingsChanged);
             for (const std::string &call : console.Calls())
                 QVERIFY2(call.starts_with("Get"), call.c_str()); // the texts are the console's own
         }
@@ -69,8 +69,8 @@ class TheaterTabTest : public QObject {
         console.WithNextDialog(TypeAndPress({{1, "Odeon 3"}}, "cmdCan"));
         console.Trigger("mnuSet");
         QCOMPARE(ShownText(console, 1), "");
-        QCOMPARE(console.settings.TheaterInfo[1], "");
-        QVERIFY(!console.settings.SettingsChanged);
+        QCOMPARE(console.room.TheaterInfo[1], "");
+        QVERIFY(!console.file.SettingsChanged);
     }
 
     void anUploadShowsTheUnitsClockInTheDatesBoxAndKeepsTheTypedDate()
@@ -83,7 +83,7 @@ class TheaterTabTest : public QObject {
         console.clock.Set(2024, 8, 15, 9, 5);
         console.Key(Qt::Key_F2);
         QCOMPARE(ShownText(console, DateInstalled), "15/08/24 9:05 AM");
-        QCOMPARE(console.settings.TheaterInfo[9], "May 1999");
+        QCOMPARE(console.room.TheaterInfo[9], "May 1999");
 
         console.WithNextDialog([](QDialog *dialog) {
             QCOMPARE(dialog->findChild<QLineEdit *>("txtTheaterInfo(9)")->text(), "May 1999");

@@ -27,8 +27,8 @@ class Walk {
   public:
     explicit Walk(unsigned seed) : random_(seed)
     {
-        console_.settings.Options.AutoUpload = true;
-        console_.settings.Options.Shortcuts = true;
+        console_.options.AutoUpload = true;
+        console_.options.Shortcuts = true;
         console_.WithEveryDialog([this](QDialog *dialog) {
             auto *box = qobject_cast<QMessageBox *>(dialog);
             if (!box)
@@ -315,7 +315,7 @@ class Walk {
     QString WrongTrims() const
     {
         for (int channel = 0; channel < ChannelCount; ++channel) {
-            const int byte = console_.settings.Audio.ChannelTrim[std::size_t(channel)];
+            const int byte = console_.room.Audio.ChannelTrim[std::size_t(channel)];
             const QString wrong =
                 WrongPair(Member("sclPNG", channel), Member("lblPNG", channel), byte, 12, 2);
             if (!wrong.isEmpty())
@@ -328,7 +328,7 @@ class Walk {
         int channel = 0;
         while (!console_.Find<QPushButton>(Member("cmdEQChan", channel))->font().bold())
             ++channel;
-        const ChannelSlice &slice = console_.settings.Audio.ChannelEq[std::size_t(channel)];
+        const ChannelSlice &slice = console_.room.Audio.ChannelEq[std::size_t(channel)];
         QStringList wrong{WrongPair("sclBass", "lblBass", slice.BassLevel, 10, 1),
                           WrongPair("sclTreb", "lblTreb", slice.TrebleLevel, 10, 1)};
         const ChannelKind kind = KindOf(channel);
@@ -349,7 +349,7 @@ class Walk {
     }
     QString WrongFader() const
     {
-        const int level = console_.settings.FaderLevel;
+        const int level = console_.room.FaderLevel;
         const QString text = QString::number(level / 10.0, 'f', 1);
         for (const LevelField *field : console_.window->findChildren<LevelField *>())
             if (field->objectName().startsWith("lblVol") && field->text() != text)
@@ -361,7 +361,7 @@ class Walk {
     }
     QString WrongMute() const
     {
-        const QString caption = console_.settings.MuteState != False ? "Un-Mute" : "Mute";
+        const QString caption = console_.room.MuteState != False ? "Un-Mute" : "Mute";
         for (const char *name : {"cmdMute", "cmdMute2", "cmdMute3", "cmdMute4", "cmdMute5"})
             if (console_.Find<QPushButton>(name)->text() != caption)
                 return QString("%1 does not read %2").arg(name, caption);
@@ -370,19 +370,13 @@ class Walk {
     /// How many values of the settings the unit really does not hold.
     int Unsent() const
     {
-        const auto audio = BytesOf(console_.settings.Audio);
-        const auto audioOfUnit = BytesOf(console_.unit.audio);
-        int count = 0;
-        for (std::size_t i = sizeof(AudioBlock::UnitClock); i < audio.size(); ++i)
-            count += audio[i] != audioOfUnit[i];
-        const auto system = BytesOf(console_.settings.System);
-        const auto systemOfUnit = BytesOf(console_.unit.system);
-        for (std::size_t i = 0; i < system.size(); ++i)
-            count += system[i] != systemOfUnit[i];
-        count += console_.settings.FaderLevel != console_.unit.panel.level;
-        count += (console_.settings.MuteState != False) != (console_.unit.panel.mute != False);
-        count += console_.settings.CurrentFormat != console_.unit.panel.format;
-        return count;
+        RoomSettings held = console_.room;
+        held.Audio = console_.unit.audio;
+        held.System = console_.unit.system;
+        held.FaderLevel = console_.unit.panel.level;
+        held.MuteState = console_.unit.panel.mute;
+        held.CurrentFormat = console_.unit.panel.format;
+        return int(Compare(console_.room, held).size());
     }
     QString WrongSent()
     {

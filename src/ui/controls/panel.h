@@ -1,0 +1,21 @@
+#pragma once
+
+#include "model/changed.h"
+#include "unit/testsignals.h"
+
+namespace kelvo {
+
+/// A place that shows the room. The main window walks one list of them.
+class Panel {
+  public:
+    virtual ~Panel() = default;
+
+    /// These settings have new values: what shows them follows, quietly.
+    virtual void Show(const Changed &changed) = 0;
+    /// Its tab is left: whatever it left running is switched off.
+    virtual void LeaveTab() {}
+    /// Its buttons read as what plays; nothing is sent.
+    virtual void ShowTestSignals(const TestSignals &) {}
+};
+
+} // namespace kelvo
