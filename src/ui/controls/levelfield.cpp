@@ -40,6 +40,13 @@ void LevelField::ShowText(const QString &text)
         setText(text);
 }
 
+void LevelField::ShowMoved(const QString &text)
+{
+    if (text != shown_)
+        setModified(false);
+    ShowText(text);
+}
+
 bool LevelField::IsBeingTypedIn() const
 {
     return isModified() && entries_.editing == this;

@@ -23,6 +23,9 @@ class LevelField : public QLineEdit {
 
     /// The text of the value that the field stands for; waits while the user is typing.
     void ShowText(const QString &text);
+    /// The same for a value with more places than this one: once it has moved, what is typed here is dropped,
+    /// so that it never moves the value back.
+    void ShowMoved(const QString &text);
     /// Takes the text as it stands. False after a bad value: its message has been shown, and the whole
     /// text is selected for typing over it.
     bool Validate();

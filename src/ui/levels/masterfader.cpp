@@ -93,8 +93,8 @@ void MasterFader::ReflectVolumeLevel()
     const int level = editor_.Room().FaderLevel;
     const QString text = QString::fromStdString(FaderRule.TextOf(level));
     for (LevelField *field : lblVol_)
-        field->ShowText(text);
-    frmFader_->Field()->ShowText(text);
+        field->ShowMoved(text);
+    frmFader_->Field()->ShowMoved(text);
     for (LevelSlider *slider : {frmFader_->Slider(), sclVol_})
         slider->ShowPosition(FaderRule.PositionFor(level));
 }

@@ -17,7 +17,6 @@ class MasterFaderTest : public QObject {
     void fieldIsLeftWithNothingSelectedAfterEnter();
     void levelReadFromTheUnitIsNotSentBack();
     void levelBeyondTheScaleIsShownAsItIsAndCanBeTypedOver();
-    void fieldBeingTypedInIsNotRewrittenByAPoll();
     void setTo7AsksAndSendsOnYesAlone();
     void tabQuestionSetsAndSendsNominal();
     void setTo7TakesWhatIsTypedFirst();
@@ -138,20 +137,6 @@ void MasterFaderTest::levelBeyondTheScaleIsShownAsItIsAndCanBeTypedOver()
     console.Find<QLineEdit>("lblVol(3)")->setFocus();
     console.Main()->setFocus();
     QCOMPARE(console.room.FaderLevel, Word(-7));
-}
-
-void MasterFaderTest::fieldBeingTypedInIsNotRewrittenByAPoll()
-{
-    FaderConsole console;
-    console.TypeOnly("lblVol(3)", "6.");
-    console.unit.panel.level = 33;
-    console.Tick("tmrPoll");
-    QCOMPARE(console.Text("lblVol(3)"), "6.");
-    QCOMPARE(console.Text("lblVol(0)"), "3.3");
-    console.Forget();
-    console.Key(Qt::Key_Return);
-    QCOMPARE(console.Wrong("6.0", 39), QString());
-    QCOMPARE(console.Calls(), Calls{"SetVol 60"});
 }
 
 void MasterFaderTest::setTo7AsksAndSendsOnYesAlone()
