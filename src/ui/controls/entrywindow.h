@@ -11,7 +11,8 @@ struct EntryWindow {
     /// A position that no slider can reach, so that the first change always counts as a move.
     static constexpr int NoPosition = 255;
 
-    /// The position that the slider had which last took the focus inside the window.
+    /// The position that the slider had which last took the focus inside the window, or to which the program
+    /// has moved it since.
     int FocusPosition = NoPosition;
     /// False only while a key is held on a slider: its steps are sent on release.
     bool SendArmed = true;

@@ -4,6 +4,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QStyle>
 #include <QStyleOptionSlider>
 
@@ -77,10 +78,12 @@ LevelSlider::~LevelSlider()
 
 void LevelSlider::ShowPosition(int position)
 {
-    const bool before = quiet_;
-    quiet_ = true;
+    const int before = value();
+    const QScopedValueRollback quiet(quiet_, true);
     setValue(position);
-    quiet_ = before;
+    // Moved under the user's eyes but not by the user: a move away from there is a change of its own.
+    if (value() != before && hand_ == Hand::None && window()->focusWidget() == this)
+        entries_.FocusPosition = value();
 }
 
 void LevelSlider::SetNeighbours(LevelSlider *left, LevelSlider *right)

@@ -44,6 +44,7 @@ class OutputTrimPanelTest : public QObject {
     void trimsShowTheUnitsBytes();
     void typedTrimGoesDownToTheStepBelowAndIsSentOnce();
     void draggedTrimIsSentOnce();
+    void trimReadBackUnderTheFocusIsSentWhenItIsMovedToWhereItStoodBefore();
     void arrowsGoAlongTheSixAndRoundTheEnds();
     void badTrimIsToldAndNothingChanges();
     void resetSetsAllSixAndUploadsOnce();
@@ -94,6 +95,19 @@ void OutputTrimPanelTest::draggedTrimIsSentOnce()
     QCOMPARE(console.Text(5), "-4.0");
     QCOMPARE(console.Calls(), Calls{"SetAudio"});
     QCOMPARE(console.unit.audio.ChannelTrim[Subwoofer], Byte(20));
+}
+
+void OutputTrimPanelTest::trimReadBackUnderTheFocusIsSentWhenItIsMovedToWhereItStoodBefore()
+{
+    Console console;
+    console.Slider(0)->setFocus();
+    console.unit.audio.ChannelTrim[Left] = 5;
+    console.Trigger("mnuRef");
+    console.Forget();
+    console.DragTo("sclPNG(0)", 12);
+    console.Drop("sclPNG(0)");
+    QCOMPARE(console.Calls(), Calls{"SetAudio"});
+    QCOMPARE(console.unit.audio.ChannelTrim[Left], Byte(12));
 }
 
 void OutputTrimPanelTest::arrowsGoAlongTheSixAndRoundTheEnds()
