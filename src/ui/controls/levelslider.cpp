@@ -1,6 +1,7 @@
 #include "ui/controls/levelslider.h"
 
 #include "ui/controls/focus.h"
+#include "ui/controls/named.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -10,12 +11,14 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 
 namespace kelvo {
 
 namespace {
 
-constexpr int WheelNotch = 120; ///< eighths of a degree
+constexpr std::chrono::milliseconds LongestSilence{1000}; ///< of a key that is held
+constexpr int WheelNotch = 120;                           ///< eighths of a degree
 constexpr int GrooveWidth = 4;
 constexpr int SliderWidth = 16;
 constexpr int ShortestSlider = 70;
@@ -104,10 +107,23 @@ void LevelSlider::TakeBy(Hand hand)
     emit Taken();
 }
 
+void LevelSlider::AwaitRelease()
+{
+    if (!tmrHold_) {
+        tmrHold_ = Named(new QTimer(this), "tmrHold");
+        tmrHold_->setSingleShot(true);
+        tmrHold_->setInterval(LongestSilence);
+        connect(tmrHold_, &QTimer::timeout, this, &LevelSlider::LetGo);
+    }
+    tmrHold_->start();
+}
+
 void LevelSlider::LetGo()
 {
     if (hand_ == Hand::None)
         return;
+    if (tmrHold_)
+        tmrHold_->stop();
     hand_ = Hand::None;
     entries_.sliderHeld = nullptr;
     entries_.SendArmed = true;
@@ -149,6 +165,7 @@ void LevelSlider::keyPressEvent(QKeyEvent *event)
         return;
     }
     TakeBy(Hand::Key);
+    AwaitRelease();
     if (LevelSlider *neighbour = NeighbourFor(event->key()))
         neighbour->setFocus(Qt::OtherFocusReason);
     else if (const int positions = PositionsOf(*event))

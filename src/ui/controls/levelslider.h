@@ -4,13 +4,15 @@
 #include "ui/controls/entrywindow.h"
 
 #include <QSlider>
+#include <QTimer>
 
 #include <functional>
 
 namespace kelvo {
 
 /// A vertical slider of level positions, 0 at the top. It knows when it is in the user's hand: from a key's
-/// press to its real release, from a mouse press to its release, for one notch of the wheel.
+/// press to its real release, from a mouse press to its release, for one notch of the wheel. A release that
+/// does not come, with no repeat and no other key for a second, counts as come.
 class LevelSlider : public QSlider {
     Q_OBJECT
 
@@ -55,6 +57,7 @@ class LevelSlider : public QSlider {
     enum class Hand { None, Key, Mouse, Wheel };
 
     void TakeBy(Hand hand);
+    void AwaitRelease();
     void Step(int positions);
     int PositionsOf(const QKeyEvent &key) const;
     LevelSlider *NeighbourFor(int key) const;
@@ -66,6 +69,7 @@ class LevelSlider : public QSlider {
     LevelSlider *left_ = nullptr;
     LevelSlider *right_ = nullptr;
     Hand hand_ = Hand::None;
+    QTimer *tmrHold_ = nullptr; ///< made for the first key that is held
     int wheelAngle_ = 0;
     bool quiet_ = false;
 };

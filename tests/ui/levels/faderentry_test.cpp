@@ -17,7 +17,7 @@ struct Console : FaderConsole {
 
 } // namespace
 
-/// What becomes of a fader text that was typed but not entered.
+/// What becomes of a fader text that was typed but not entered, and of a key whose release never comes.
 class FaderEntryTest : public QObject {
     Q_OBJECT
 
@@ -94,6 +94,29 @@ class FaderEntryTest : public QObject {
         console.Dialog()->close();
         QCOMPARE(console.settings.FaderLevel, Word(50));
         QCOMPARE(console.Calls(), Calls{"SetVol 50"});
+    }
+
+    void aKeyWhoseReleaseNeverComesIsSentAndThePollResumes()
+    {
+        Console console;
+        console.Main()->setFocus();
+        console.Press(Qt::Key_Down);
+        QVERIFY(!console.Find<QTimer>("tmrPoll")->isActive());
+        console.Tick("tmrHold");
+        QVERIFY(console.Find<QTimer>("tmrPoll")->isActive());
+        QCOMPARE(console.Calls(), Calls{"SetVol 69"});
+    }
+
+    void aKeyWhoseReleaseNeverComesLeavesAStreamsPollingOff()
+    {
+        Console console;
+        console.GoTo(Tab::OpticalSetup);
+        console.Click("cmdStart");
+        console.Main()->setFocus();
+        console.Press(Qt::Key_Down);
+        console.Tick("tmrHold");
+        QVERIFY(!console.Find<QTimer>("tmrPoll")->isActive());
+        QCOMPARE(int(console.unit.panel.level), 69);
     }
 };
 
