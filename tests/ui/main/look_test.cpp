@@ -1,8 +1,13 @@
 #include "support/ui/consoleundertest.h"
+#include "ui/controls/choices.h"
+#include "ui/main/look.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QDir>
 #include <QLabel>
+#include <QRadioButton>
+#include <QStyleOptionButton>
 #include <QTabBar>
 #include <QTabWidget>
 
@@ -13,6 +18,8 @@ class LookTest : public QObject {
     Q_OBJECT
 
   private slots:
+    void aCaptionBesideAMarkThatIsCutIsFound_data();
+    void aCaptionBesideAMarkThatIsCutIsFound();
     void everyTabFitsAndShowsItsTexts_data();
     void everyTabFitsAndShowsItsTexts();
     void theLampShowsItsColourFlat_data();
@@ -28,28 +35,80 @@ void Keep(QWidget *window, const QString &name)
         window->grab().save(QDir(folder).filePath(name + ".png"));
 }
 
+/// Where the style paints a button's caption: beside the mark of an option button or a check box.
+QSize RoomForCaption(const QAbstractButton &button)
+{
+    QStyle::SubElement part = QStyle::SE_PushButtonContents;
+    if (qobject_cast<const QRadioButton *>(&button))
+        part = QStyle::SE_RadioButtonContents;
+    else if (qobject_cast<const QCheckBox *>(&button))
+        part = QStyle::SE_CheckBoxContents;
+    QStyleOptionButton option;
+    option.initFrom(&button);
+    option.text = button.text();
+    return button.style()->subElementRect(part, &option, &button).size();
+}
+
 /// The captions and texts that the visible controls have no room for.
 QStringList CutTexts(const QWidget *window)
 {
     QStringList cut;
-    const auto check = [&cut](const QWidget *control, const QString &text, int flags) {
-        const QSize needed = control->fontMetrics().size(Qt::TextShowMnemonic, text);
-        const bool fits = flags & Qt::TextWordWrap || needed.width() <= control->contentsRect().width();
-        if (!fits || needed.height() > control->contentsRect().height())
+    const auto check = [&cut](const QWidget &control, const QString &text, QSize room, int flags) {
+        const QSize needed = control.fontMetrics()
+                                 .boundingRect(QRect(QPoint(), room), flags | Qt::TextShowMnemonic, text)
+                                 .size();
+        if (needed.width() > room.width() || needed.height() > room.height())
             cut += text;
     };
     for (const auto *label : window->findChildren<QLabel *>()) {
         if (label->isVisible())
-            check(label, label->text(), label->wordWrap() ? Qt::TextWordWrap : 0);
+            check(*label, label->text(), label->contentsRect().size(),
+                  label->wordWrap() ? Qt::TextWordWrap : 0);
     }
     for (const auto *button : window->findChildren<QAbstractButton *>()) {
         if (button->isVisible())
-            check(button, button->text(), 0);
+            check(*button, button->text(), RoomForCaption(*button), 0);
     }
     return cut;
 }
 
+/// How many columns from the left a control paints on when it has all the room it could want.
+int PaintedWidth(QWidget &control)
+{
+    control.resize(2 * control.sizeHint());
+    const QImage image = control.grab().toImage();
+    const QRgb ground = image.pixel(image.width() - 1, 0);
+    for (int x = image.width() - 1; x > 0; --x)
+        for (int y = 0; y < image.height(); ++y)
+            if (image.pixel(x, y) != ground)
+                return x + 1;
+    return 0;
+}
+
 } // namespace
+
+void LookTest::aCaptionBesideAMarkThatIsCutIsFound_data()
+{
+    QTest::addColumn<bool>("checkMark");
+    QTest::newRow("option button") << false;
+    QTest::newRow("check box") << true;
+}
+
+void LookTest::aCaptionBesideAMarkThatIsCutIsFound()
+{
+    QFETCH(bool, checkMark);
+    ApplyLook();
+    QWidget window;
+    const QString caption = "Matrix Decoded";
+    QAbstractButton *button = checkMark ? static_cast<QAbstractButton *>(new CheckBox(caption, &window))
+                                        : new OptionButton(caption, &window);
+    window.show();
+    const int painted = PaintedWidth(*button);
+    button->resize(button->sizeHint());
+    QCOMPARE(CutTexts(&window), QStringList());
+    button->resize(painted - 1, button->height());
+    QCOMPARE(CutTexts(&window), QStringList(caption));
+}
 
 void LookTest::everyTabFitsAndShowsItsTexts_data()
 {
