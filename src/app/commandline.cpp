@@ -20,8 +20,7 @@ constexpr std::array<Option, 6> Options{{
     {"--library", "PATH", nullptr, &CommandLine::library, "load the device library from PATH"},
     {"--program-dir", "DIR", nullptr, &CommandLine::programDirectory,
      "use DIR as the program directory (settings.dat, temp.qm4, Zentra-HELP.rtf)"},
-    {"--log", "FILE", nullptr, &CommandLine::log,
-     "append one line for each call of the device library to FILE"},
+    {"--log", "FILE", nullptr, &CommandLine::log, "append each call of the device library to FILE"},
     {"--version", nullptr, &CommandLine::version, nullptr, "print the version and exit"},
     {"--help", nullptr, &CommandLine::help, nullptr, "print this text and exit"},
 }};

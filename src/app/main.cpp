@@ -69,6 +69,7 @@ int Run(int argc, char **argv, const CommandLine &line)
         if (!log->Problem().empty())
             return Refuse(
                 QString("cannot write the log %1: %2").arg(line.log, QString::fromStdString(log->Problem())));
+        log->Note("kelvo-console " KELVO_VERSION);
         library.Attach(*log);
     }
 

@@ -107,7 +107,7 @@ void CommandLineTest::theSimulatedUnitIsConnectedAndLogged()
     QTemporaryDir folder;
     const QString log = folder.filePath("calls.log");
     Console console({"--simulate", "--program-dir", folder.path(), "--log=" + log});
-    QTRY_VERIFY(ContentOf(log).count("StopStream -> 0") == 2);
+    QTRY_VERIFY(ContentOf(log).count("< StopStream 0 ()") == 2);
     QTRY_VERIFY(QFile::exists(folder.filePath("temp.qm4")));
 }
 
@@ -120,9 +120,9 @@ void CommandLineTest::aNamedFileIsOpenedAfterTheStart()
     const QString log = folder.filePath("calls.log");
     Console console(
         {"--simulate", "--program-dir", folder.path(), "--log", log, folder.filePath("room.zcf")});
-    QTRY_VERIFY(ContentOf(log).contains("SetVol 21 -> 0"));
+    QTRY_VERIFY(ContentOf(log).contains("< SetVol 0 ()"));
     const QByteArray calls = ContentOf(log);
-    QVERIFY(calls.lastIndexOf("StopStream") < calls.indexOf("SetVol 21"));
+    QVERIFY(calls.lastIndexOf("StopStream") < calls.indexOf("> SetVol(21)"));
 }
 
 void CommandLineTest::aSecondConsoleOnTheSameFolderTakesNoSnapshot()
@@ -135,7 +135,7 @@ void CommandLineTest::aSecondConsoleOnTheSameFolderTakesNoSnapshot()
     QVERIFY(QFile::remove(snapshot));
     Console second({"--simulate", "--program-dir", folder.path(), "--log", log});
     // Its first poll comes after its start-up is over.
-    QTRY_VERIFY_WITH_TIMEOUT(ContentOf(log).count("GetVol") == 2, 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(ContentOf(log).count("> GetVol()") == 2, 10000);
     QVERIFY(!QFile::exists(snapshot));
 }
 
