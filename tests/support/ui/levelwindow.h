@@ -1,11 +1,9 @@
 #pragma once
 
-#include "support/recordingview.h"
-#include "support/testclock.h"
 #include "support/ui/boxanswers.h"
+#include "support/ui/editedroom.h"
 #include "support/ui/hands.h"
 #include "ui/controls/levelpair.h"
-#include "unit/simulatedunit.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -15,63 +13,9 @@
 
 namespace kelvo {
 
-/// A unit that writes down when the audio settings are sent.
-class ListeningUnit : public SimulatedUnit {
-  public:
-    explicit ListeningUnit(QStringList &events) : events_(events) {}
-
-  protected:
-    Status Perform(const Call &call) override
-    {
-        if (call.operation == Operation::SetAudio)
-            events_ << "send";
-        return SimulatedUnit::Perform(call);
-    }
-
-  private:
-    QStringList &events_;
-};
-
-/// A room, its editor and a connected unit, for controls without the main window. Edits are written down as
-/// "bass=7", uploads as "send".
-struct EditedRoom {
-    QStringList events;
-    std::function<void(const Changed &)> show = [](const Changed &) {};
-
-    RoomSettings room;
-    Preferences options{.AutoUpload = true};
-    FileState file;
-    ListeningUnit unit{events};
-    Trace trace;
-    RecordingView view{trace};
-    TestClock clock{trace};
-    UnitLink link{room, options, unit, view, clock};
-    Editor editor{room, file, link, [this](const Changed &changed) {
-                      if (!changed.Adopted())
-                          WriteDown(changed);
-                      show(changed);
-                  }};
-
-    EditedRoom()
-    {
-        view.link = &link;
-        link.ConnectToUnit();
-        ResetAll(room);
-    }
-
-  private:
-    void WriteDown(const Changed &changed)
-    {
-        ForEachField([&](FieldId id, const Field &field) {
-            if (changed.Has(id))
-                events << QString("%1=%2").arg(field.name ? field.name : "band").arg(Get(room, id));
-        });
-    }
-};
-
 /// A window with bass and treble (neighbours), a lone gain pair, three bands, a button, a list and tabs. What
 /// the pairs store and send is written down in order.
-class LevelWindow : public QWidget, public EditedRoom, public Hands {
+class LevelWindow : public EditedRoom, public QWidget, public Hands {
   public:
     LevelWindow()
     {
@@ -105,6 +49,9 @@ class LevelWindow : public QWidget, public EditedRoom, public Hands {
         (void)QTest::qWaitForWindowActive(this);
     }
 
+    /// As the main window does: a slider that is held is let go while there is still something to tell.
+    ~LevelWindow() override { hide(); }
+
     QStringList Events()
     {
         QStringList taken;
@@ -122,7 +69,6 @@ class LevelWindow : public QWidget, public EditedRoom, public Hands {
     void ShowGain(int stored) { ShowStored(field::Band(Subwoofer, SubGain), stored); }
 
     BoxAnswers boxes;
-    EntryWindow entries;
     QPushButton *first;
     QComboBox *list;
     QTabWidget *tabs;

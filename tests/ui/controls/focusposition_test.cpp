@@ -13,33 +13,33 @@ class FocusPositionTest : public QObject {
         LevelSlider *slider = window.gain->Slider();
         slider->setFocus();
         QCOMPARE(window.entries.FocusPosition, 12);
-        window.gain->ShowPosition(5);
+        window.ShowGain(5);
         QCOMPARE(window.Events(), QStringList());
         QCOMPARE(window.entries.FocusPosition, 5);
         // Back to where it stood at first is a change now; to where the program put it is none.
         window.DragTo(slider, 12);
         window.Drop(slider);
-        QCOMPARE(window.Events(), QStringList({"Gain=12", "send"}));
+        QCOMPARE(window.Events(), QStringList({"gain=12", "send"}));
         window.DragTo(slider, 5);
         window.Drop(slider);
-        QCOMPARE(window.Events(), QStringList("Gain=5"));
+        QCOMPARE(window.Events(), QStringList("gain=5"));
     }
 
     void itFollowsBeyondTheEndsToWhereTheSliderStops()
     {
         LevelWindow window;
         window.gain->Slider()->setFocus();
-        window.gain->ShowPosition(200);
+        window.ShowGain(200);
         QCOMPARE(window.entries.FocusPosition, 24);
     }
 
     void itStaysWhenAnotherSliderIsMoved()
     {
         LevelWindow window;
-        window.bass->ShowPosition(3);
+        window.ShowStored(field::Bass(Left), 3);
         QCOMPARE(window.entries.FocusPosition, 255);
         window.gain->Slider()->setFocus();
-        window.bass->ShowPosition(9);
+        window.ShowStored(field::Bass(Left), 9);
         QCOMPARE(window.entries.FocusPosition, 12);
     }
 
@@ -48,7 +48,7 @@ class FocusPositionTest : public QObject {
         LevelWindow window;
         window.gain->Slider()->setFocus();
         window.Key(Qt::Key_Up);
-        window.gain->ShowPosition(11);
+        window.ShowGain(11);
         QCOMPARE(window.entries.FocusPosition, 12);
     }
 
@@ -58,11 +58,11 @@ class FocusPositionTest : public QObject {
         LevelSlider *slider = window.gain->Slider();
         slider->setFocus();
         window.DragTo(slider, 8);
-        window.gain->ShowPosition(7);
+        window.ShowGain(7);
         QCOMPARE(window.entries.FocusPosition, 12);
         window.Drop(slider);
         window.Press(Qt::Key_Up);
-        window.gain->ShowPosition(4);
+        window.ShowGain(4);
         QCOMPARE(window.entries.FocusPosition, 12);
         window.Release(Qt::Key_Up);
         QCOMPARE(window.Events().back(), "send");
@@ -78,7 +78,7 @@ class FocusPositionTest : public QObject {
         other.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&other));
         QVERIFY(!slider->hasFocus());
-        window.gain->ShowPosition(5);
+        window.ShowGain(5);
         window.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&window));
         QVERIFY(slider->hasFocus());

@@ -42,7 +42,7 @@ class HeldKeyTest : public QObject {
         QVERIFY(window.Hold()->isSingleShot());
         QCOMPARE(window.Hold()->interval(), 1000);
         window.LetASecondPass();
-        QCOMPARE(window.Events(), QStringList({"Gain=10", "send"}));
+        QCOMPARE(window.Events(), QStringList({"gain=10", "send"}));
         QVERIFY(window.entries.SendArmed);
         QVERIFY(!window.entries.sliderHeld);
         QVERIFY(!window.Hold()->isActive());
@@ -68,12 +68,12 @@ class HeldKeyTest : public QObject {
         Window window;
         window.Press(Qt::Key_Up);
         window.LetASecondPass();
-        QCOMPARE(window.Events(), QStringList({"Gain=11", "send"}));
+        QCOMPARE(window.Events(), QStringList({"gain=11", "send"}));
         window.Repeat(Qt::Key_Up);
         QVERIFY(window.Hold()->isActive());
         QCOMPARE(window.Events(), QStringList());
         window.Release(Qt::Key_Up);
-        QCOMPARE(window.Events(), QStringList({"Gain=10", "send"}));
+        QCOMPARE(window.Events(), QStringList({"gain=10", "send"}));
     }
 
     void theSecondEndsWithTheKeysHold()

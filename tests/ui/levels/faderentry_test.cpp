@@ -38,7 +38,7 @@ class FaderEntryTest : public QObject {
         console.PollReads(33);
         QCOMPARE(console.Text("lblVol(0)"), "3.3");
         console.Key(Qt::Key_Tab);
-        QCOMPARE(console.settings.FaderLevel, Word(33));
+        QCOMPARE(console.room.FaderLevel, Word(33));
         QCOMPARE(console.Calls(), Calls{});
     }
 
@@ -56,8 +56,8 @@ class FaderEntryTest : public QObject {
     void aReadThatFindsTheSameLevelLeavesTheTypedTextAlone()
     {
         Console console;
-        console.settings.Options.AutoRefresh = 1;
-        console.settings.Options.RefreshSeconds = 1;
+        console.options.AutoRefresh = true;
+        console.options.RefreshSeconds = 1;
         console.TypeOnly("lblVol(0)", "6.");
         console.PollReads(70);
         console.Tick("tmrRefresh"); // the automatic re-read
@@ -79,7 +79,7 @@ class FaderEntryTest : public QObject {
         console.Drop(console.OfDialog());
         QCOMPARE(console.Text("lblVol(0)"), "5.0");
         console.Key(Qt::Key_Return);
-        QCOMPARE(console.settings.FaderLevel, Word(50));
+        QCOMPARE(console.room.FaderLevel, Word(50));
         QCOMPARE(console.Calls(), Calls{"SetVol 50"});
     }
 
@@ -92,7 +92,7 @@ class FaderEntryTest : public QObject {
         console.Drop(console.Main());
         QCOMPARE(console.Text("lblVol"), "5.0");
         console.Dialog()->close();
-        QCOMPARE(console.settings.FaderLevel, Word(50));
+        QCOMPARE(console.room.FaderLevel, Word(50));
         QCOMPARE(console.Calls(), Calls{"SetVol 50"});
     }
 

@@ -1,5 +1,5 @@
 #include "model/tables.h"
-#include "support/ui/levelwindow.h"
+#include "support/ui/editedroom.h"
 #include "ui/theatre/frmtheater.h"
 #include "ui/theatre/theaterpanel.h"
 
