@@ -1,11 +1,11 @@
+#include "ui/main/filecommands.h"
+
 #include "files/configfile.h"
 #include "model/flagguard.h"
 #include "model/tables.h"
-#include "ui/main/frmmain.h"
 #include "ui/main/messages.h"
 #include "unit/sequences.h"
 
-#include <QAction>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -46,32 +46,44 @@ void TellFailure(QWidget *window, const Message &cannot, const QString &path, co
 
 } // namespace
 
-void FrmMain::mnuNew_Click()
+FileCommands::FileCommands(Editor &editor, FileState &file, UnitLink &link, OpticalStream &stream,
+                           EntryWindow &entries, QWidget *window)
+    : QObject(window),
+      editor_(editor),
+      file_(file),
+      link_(link),
+      stream_(stream),
+      entries_(entries),
+      window_(window)
+{
+}
+
+void FileCommands::mnuNew_Click()
 {
     if (!entries_.CommitEntry())
         return;
-    if (file_.SettingsChanged && Ask(this, messages::SaveChanges) && !SaveAsked())
+    if (file_.SettingsChanged && Ask(window_, messages::SaveChanges) && !SaveAsked())
         return;
-    RoomSettings room = room_;
+    RoomSettings room = editor_.Room();
     ResetAll(room);
     room.TheaterInfo = {};
     editor_.Adopt(std::move(room), Source::Reset);
-    ShowTestSignals({});
-    ShowTitle(messages::Untitled);
+    emit Reset();
+    emit Named(messages::Untitled);
     file_.FileLoaded = false;
     file_.SettingsChanged = false;
     // The open file's name stays with the settings; with Save disabled it is never written by mistake.
-    mnuSave_->setEnabled(false);
+    AllowSave(false);
     dialogFile_.clear();
 }
 
-void FrmMain::mnuLoad_Click()
+void FileCommands::mnuLoad_Click()
 {
     if (!entries_.CommitEntry())
         return;
-    if (file_.FileLoaded && file_.SettingsChanged && Ask(this, messages::SaveChanges) && !SaveAsked())
+    if (file_.FileLoaded && file_.SettingsChanged && Ask(window_, messages::SaveChanges) && !SaveAsked())
         return;
-    QFileDialog dialog(this);
+    QFileDialog dialog(window_);
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setNameFilters({messages::SettingsFilter, messages::OldFilter});
     const QString path = RunDialog(dialog);
@@ -79,44 +91,40 @@ void FrmMain::mnuLoad_Click()
         OpenFile(path);
 }
 
-bool FrmMain::OpenFile(const QString &path)
+bool FileCommands::OpenFile(const QString &path)
 {
     link_.SetPolling(false);
-    RoomSettings room = room_;
+    RoomSettings room = editor_.Room();
     const auto failure = LoadConfigFile(path.toStdString(), room);
     if (failure) {
-        TellFailure(this, messages::CannotOpen, path, *failure);
+        TellFailure(window_, messages::CannotOpen, path, *failure);
     } else {
-        {
-            const FlagGuard loading(link_.Updating);
-            editor_.Adopt(std::move(room), Source::File);
-            SendLoadedValues(link_, optical_->Stream());
-        }
-        file_.CurrentFileName = path.toStdString();
+        const FlagGuard loading(link_.Updating);
+        editor_.Adopt(std::move(room), Source::File);
+        SendLoadedValues(link_, stream_);
+        file_ = {.CurrentFileName = path.toStdString(), .FileLoaded = true, .SettingsChanged = false};
         dialogFile_ = path;
-        mnuSave_->setEnabled(true);
-        ShowTitle(QDir::toNativeSeparators(path));
-        file_.SettingsChanged = false;
-        file_.FileLoaded = true;
+        AllowSave(true);
+        emit Named(QDir::toNativeSeparators(path));
     }
     // A stream keeps the poll off until it stops.
-    if (!optical_->Stream().Running())
+    if (!stream_.Running())
         link_.SetPolling(true);
     return !failure;
 }
 
-bool FrmMain::Save()
+bool FileCommands::mnuSave_Click()
 {
     if (file_.CurrentFileName.empty())
-        return SaveAs();
+        return mnuSaveAs_Click();
     return entries_.CommitEntry() && SaveTo(QString::fromStdString(file_.CurrentFileName));
 }
 
-bool FrmMain::SaveAs()
+bool FileCommands::mnuSaveAs_Click()
 {
     if (!entries_.CommitEntry())
         return false;
-    QFileDialog dialog(this);
+    QFileDialog dialog(window_);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilters({messages::SettingsFilter});
@@ -127,34 +135,40 @@ bool FrmMain::SaveAs()
     if (path.isEmpty() || !SaveTo(path))
         return false;
     dialogFile_ = path;
-    mnuSave_->setEnabled(true);
+    AllowSave(true);
     return true;
 }
 
-QString FrmMain::ProposedName() const
+QString FileCommands::ProposedName() const
 {
     QString last = QFileInfo(dialogFile_).fileName();
     if (!last.isEmpty() && last != DefaultName)
         return last;
-    const QString theater = QString::fromStdString(room_.TheaterInfo[NameOfTheater]);
+    const QString theater = QString::fromStdString(editor_.Room().TheaterInfo[NameOfTheater]);
     return theater.isEmpty() ? QString(DefaultName) : AsFileName(theater) + ".zcf";
 }
 
-bool FrmMain::SaveAsked()
+bool FileCommands::SaveAsked()
 {
-    return mnuSave_->isEnabled() ? Save() : SaveAs();
+    return maySave_ ? mnuSave_Click() : mnuSaveAs_Click();
 }
 
-bool FrmMain::SaveTo(const QString &path)
+bool FileCommands::SaveTo(const QString &path)
 {
-    if (const auto failure = SaveConfigFile(path.toStdString(), room_)) {
-        TellFailure(this, messages::CannotSave, path, *failure);
+    if (const auto failure = SaveConfigFile(path.toStdString(), editor_.Room())) {
+        TellFailure(window_, messages::CannotSave, path, *failure);
         return false;
     }
     file_.CurrentFileName = path.toStdString();
-    ShowTitle(QDir::toNativeSeparators(path));
     file_.SettingsChanged = false;
+    emit Named(QDir::toNativeSeparators(path));
     return true;
+}
+
+void FileCommands::AllowSave(bool may)
+{
+    maySave_ = may;
+    emit MaySave(may);
 }
 
 } // namespace kelvo

@@ -1,24 +1,12 @@
 #include "ui/main/frmmain.h"
 
-#include "ui/controls/appearance.h"
 #include "ui/main/messages.h"
-#include "unit/messages.h"
 
 #include <QApplication>
-#include <QLabel>
 
 namespace kelvo {
 
 namespace {
-
-struct Lamp {
-    Colours colours;
-    const char *caption;
-};
-
-/// In the order of `LinkState`.
-constexpr std::array<Lamp, 3> Lamps{
-    {{Red, "Off Line"}, {Green, "On Line"}, {{QColor(255, 128, 0), QColorConstants::Black}, "Data?"}}};
 
 QString Text(std::string_view text)
 {
@@ -29,26 +17,19 @@ QString Text(std::string_view text)
 
 void FrmMain::ShowConnectStatus(LinkState state)
 {
-    const Lamp &lamp = Lamps[int(state)];
-    Fill(lblStat_, lamp.colours);
-    lblStat_->setText(lamp.caption);
-    // A failing call keeps the thread for seconds: the lamp must be on the screen before it goes on.
-    lblStat_->repaint();
+    column_->ShowConnectStatus(state);
     repaint();
-
     if (state == LinkState::InDoubt)
         return;
-    for (QLabel *lblHint : lblHint_)
-        lblHint->setVisible(state == LinkState::OffLine);
+    tabs_->ShowHints(state == LinkState::OffLine);
     if (state == LinkState::OffLine)
-        optical_->Stream().StopIfRunning();
+        panels_.optical->Stream().StopIfRunning();
 }
 
 void FrmMain::EnableFrames(bool enable)
 {
-    for (QWidget *control : connected_)
-        control->setEnabled(enable);
-    frmtabs_[shownTab_]->setEnabled(enable);
+    panels_.EnableConnected(enable);
+    tabs_->EnableShown(enable);
 }
 
 void FrmMain::SetPolling(bool on)
@@ -77,9 +58,7 @@ void FrmMain::ShowProgress(std::string_view caption, int failures)
 
 void FrmMain::ShowUnitVersion(const std::array<std::string, 3> &lines)
 {
-    for (std::size_t line = 0; line < lines.size(); ++line)
-        lnlInfo_[line]->setText(Text(lines[line]));
-    unitInformation_->setVisible(!lines[0].empty());
+    panels_.formats->ShowUnitVersion(lines);
 }
 
 bool FrmMain::ShowBox(LinkBox kind, std::string_view title, std::string_view text)
@@ -89,48 +68,37 @@ bool FrmMain::ShowBox(LinkBox kind, std::string_view title, std::string_view tex
     bool yes = false;
     if (kind == LinkBox::YesOrNo)
         yes = Ask(this, {Question, titleText.c_str(), boxText.c_str()});
-    else if (mayAsk_)
+    else if (closing_->MayAsk())
         Tell(this, {Exclamation, titleText.c_str(), boxText.c_str()});
-    CarryOutClose();
+    closing_->CarryOutClose();
     return yes;
 }
 
 void FrmMain::Show(const Changed &changed)
 {
-    for (Panel *panel : panels_)
-        panel->Show(changed);
+    panels_.Show(changed);
     if (changed.source == Source::Connection)
-        ShowTestSignals(link_.Holds().Playing);
-    if (changed.source == Source::Connection || changed.source == Source::Update)
+        panels_.ShowTestSignals(link_.Holds().Playing);
+    const bool wholeUnit = changed.source == Source::Connection || changed.source == Source::Update;
+    if (wholeUnit && link_.UnitOnline())
         ShowTitle(messages::FromUnit);
     if (changed.source == Source::Poll)
         repaint();
 }
 
-void FrmMain::ShowTestSignals(const TestSignals &playing)
-{
-    for (Panel *panel : panels_)
-        panel->ShowTestSignals(playing);
-}
-
 void FrmMain::ShowSent()
 {
-    lblSent_->setText(QString::fromStdString(messages::SentText(link_.Differences())));
+    column_->ShowSent(link_.Differences());
 }
 
 void FrmMain::StreamLock(bool locked)
 {
-    optical_->StreamLock(locked);
+    panels_.optical->StreamLock(locked);
 }
 
 void FrmMain::ShowTitle(const QString &name)
 {
     setWindowTitle(QString(messages::WindowTitle).arg(name));
-}
-
-bool FrmMain::TimersMayTouchUnit() const
-{
-    return !link_.InCall() && !closing_ && !QApplication::activeModalWidget();
 }
 
 } // namespace kelvo

@@ -1,17 +1,12 @@
-#include "ui/main/frmmain.h"
+#include "ui/main/menus.h"
 
 #include "ui/controls/named.h"
 #include "ui/simulator/frmsimulator.h"
 #include "ui/theatre/frmtheater.h"
 #include "ui/theatre/frmtime.h"
 
-#include <QAction>
-#include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
-#include <QPushButton>
-#include <QTabBar>
-#include <QTabWidget>
 
 namespace kelvo {
 
@@ -24,136 +19,170 @@ QMenu *Submenu(auto *parent, const char *name, const char *caption)
     return menu;
 }
 
+using NameAndCaption = std::pair<const char *, const char *>;
+constexpr std::array<NameAndCaption, 4> Ports{
+    {{"mnuCom1", "COM 1"}, {"mnuCom2", "COM 2"}, {"mnuCom3", "COM 3"}, {"mnuCom4", "COM 4"}}};
+constexpr std::array<NameAndCaption, 4> Rates{
+    {{"mnuBaud1", "9600"}, {"mnuBaud2", "19200"}, {"mnuBaud3", "38400"}, {"mnuBaud4", "57600"}}};
+
 } // namespace
 
-QAction *FrmMain::Item(QMenu *menu, const char *name, const char *caption, std::function<void()> handler)
+Menus::Menus(QMainWindow *window, const Desk &desk) : QObject(window), window_(window), desk_(desk)
+{
+    BuildFile(window->menuBar());
+    BuildOptions(window->menuBar());
+    ReflectMarks();
+}
+
+QAction *Menus::Item(QMenu *menu, const char *name, const char *caption, std::function<void()> handler)
 {
     QAction *action = Named(menu->addAction(caption), name);
     connect(action, &QAction::triggered, this, [this, handler = std::move(handler)] {
         ReflectMarks();
-        if (!link_.InCall() && !closing_)
+        if (!desk_.busy())
             handler();
         ReflectMarks();
     });
     return action;
 }
 
-void FrmMain::BuildMenus()
+QAction *Menus::Marked(QAction *action, std::function<bool()> checked)
 {
-    const auto checkable = [this](QAction *action, std::function<bool()> checked) {
-        action->setCheckable(true);
-        marks_.emplace_back(action, std::move(checked));
-        return action;
-    };
+    action->setCheckable(true);
+    marks_.emplace_back(action, std::move(checked));
+    return action;
+}
 
-    mnuFile_ = Submenu(menuBar(), "mnuFile", "&File");
-    Item(mnuFile_, "mnuNew", "New", [this] { mnuNew_Click(); });
-    Item(mnuFile_, "mnuLoad", "Open", [this] { mnuLoad_Click(); });
+void Menus::ReflectMarks()
+{
+    for (const auto &[action, checked] : marks_)
+        action->setChecked(checked());
+}
+
+void Menus::BuildFile(QMenuBar *bar)
+{
+    FileCommands &files = desk_.files;
+    mnuFile_ = Submenu(bar, "mnuFile", "&File");
+    Item(mnuFile_, "mnuNew", "New", [&files] { files.mnuNew_Click(); });
+    Item(mnuFile_, "mnuLoad", "Open", [&files] { files.mnuLoad_Click(); });
     mnuFile_->addSeparator();
-    mnuSave_ = Item(mnuFile_, "mnuSave", "Save", [this] { Save(); });
-    Item(mnuFile_, "mnuSaveAs", "Save As ...", [this] { SaveAs(); });
+    QAction *mnuSave = Item(mnuFile_, "mnuSave", "Save", [&files] { files.mnuSave_Click(); });
+    connect(&files, &FileCommands::MaySave, mnuSave, &QAction::setEnabled);
+    Item(mnuFile_, "mnuSaveAs", "Save As ...", [&files] { files.mnuSaveAs_Click(); });
     mnuFile_->addSeparator();
     mnuRef_ = Item(mnuFile_, "mnuRef", "Update", [this] {
-        if (entries_.CommitEntry())
-            link_.Update();
+        if (desk_.entries.CommitEntry())
+            desk_.link.Update();
     });
     mnuFile_->addSeparator();
-    Item(mnuFile_, "mnuend", "E&xit", [this] { close(); });
+    Item(mnuFile_, "mnuend", "E&xit", [this] { window_->close(); });
+}
 
-    mnuOpt_ = Submenu(menuBar(), "mnuOpt", "&Options");
+void Menus::BuildOptions(QMenuBar *bar)
+{
+    mnuOpt_ = Submenu(bar, "mnuOpt", "&Options");
+    BuildPorts();
+    BuildUploadOptions();
+    Marked(Item(mnuOpt_, "mnuAutoRef", "Automatic Update", [this] { mnuAutoRef_Click(); }),
+           [this] { return desk_.options.AutoRefresh; });
+    Marked(Item(mnuOpt_, "mnuSys", "Use System Date/Time", [this] { mnuSys_Click(); }),
+           [this] { return useSystemTime_; });
+    mnuOpt_->addSeparator();
+    Item(mnuOpt_, "mnuSet", "Set Theater Information", [this] { mnuSet_Click(); });
+}
+
+void Menus::BuildPorts()
+{
     QMenu *mnuCom = Submenu(mnuOpt_, "mnuCom", "COM Port Selection");
-    constexpr std::array<std::pair<const char *, const char *>, 4> Ports{
-        {{"mnuCom1", "COM 1"}, {"mnuCom2", "COM 2"}, {"mnuCom3", "COM 3"}, {"mnuCom4", "COM 4"}}};
     for (Word port = 1; const auto &[name, caption] : Ports) {
-        checkable(Item(mnuCom, name, caption, [this, port] { options_.ComPort = port; }),
-                  [this, port] { return options_.ComPort == port; });
+        Marked(Item(mnuCom, name, caption, [this, port] { desk_.options.ComPort = port; }),
+               [this, port] { return desk_.options.ComPort == port; });
         ++port;
     }
     mnuBaud_ = Submenu(mnuOpt_, "mnuBaud", "Baud Rate");
-    constexpr std::array<std::pair<const char *, const char *>, 4> Rates{
-        {{"mnuBaud1", "9600"}, {"mnuBaud2", "19200"}, {"mnuBaud3", "38400"}, {"mnuBaud4", "57600"}}};
     for (Word index = 0; const auto &[name, caption] : Rates) {
-        checkable(Item(mnuBaud_, name, caption, [this, index] { mnuBaud_Click(index); }),
-                  [this, index] { return baudIndex_ == index; });
+        Marked(Item(mnuBaud_, name, caption, [this, index] { mnuBaud_Click(index); }),
+               [this, index] { return baudIndex_ == index; });
         ++index;
     }
-
-    Preferences &options = options_;
-    QMenu *mnuUopt = Submenu(mnuOpt_, "mnuUopt", "Upload Options");
-    checkable(Item(mnuUopt, "mnuAuto", "Automatically Upload", [this] { mnuAuto_Click(); }),
-              [&options] { return options.AutoUpload; });
-    mnuConfirm_ = checkable(Item(mnuUopt, "mnuConfirm", "Confirm Message Box",
-                                 [&options] { options.ConfirmUpload = !options.ConfirmUpload; }),
-                            [&options] { return options.ConfirmUpload; });
-    mnuShort_ = checkable(
-        Item(mnuUopt, "mnuShort", "Enable Shortcuts", [&options] { options.Shortcuts = !options.Shortcuts; }),
-        [&options] { return options.Shortcuts; });
-    checkable(Item(mnuOpt_, "mnuAutoRef", "Automatic Update", [this] { mnuAutoRef_Click(); }),
-              [&options] { return options.AutoRefresh; });
-    checkable(Item(mnuOpt_, "mnuSys", "Use System Date/Time", [this] { mnuSys_Click(); }),
-              [this] { return useSystemTime_; });
-    mnuOpt_->addSeparator();
-    Item(mnuOpt_, "mnuSet", "Set Theater Information", [this] { mnuSet_Click(); });
-    ReflectMarks();
 }
 
-void FrmMain::AddSimulatorMenu(SimulatedUnit &unit)
+void Menus::BuildUploadOptions()
 {
-    mnuSimulator_ = Submenu(menuBar(), "mnuSimulator", "Simulated Unit");
+    Preferences &options = desk_.options;
+    QMenu *mnuUopt = Submenu(mnuOpt_, "mnuUopt", "Upload Options");
+    const auto toggle = [&](const char *name, const char *caption, bool Preferences::*option) {
+        return Marked(
+            Item(mnuUopt, name, caption, [&options, option] { options.*option = !(options.*option); }),
+            [&options, option] { return options.*option; });
+    };
+    Marked(Item(mnuUopt, "mnuAuto", "Automatically Upload", [this] { mnuAuto_Click(); }),
+           [&options] { return options.AutoUpload; });
+    mnuConfirm_ = toggle("mnuConfirm", "Confirm Message Box", &Preferences::ConfirmUpload);
+    mnuShort_ = toggle("mnuShort", "Enable Shortcuts", &Preferences::Shortcuts);
+}
+
+void Menus::AddSimulator(SimulatedUnit &unit)
+{
+    mnuSimulator_ = Submenu(window_->menuBar(), "mnuSimulator", "Simulated Unit");
     Item(mnuSimulator_, "mnuKnobs", "Knobs and Front Panel", [this, &unit] {
         // Made when it is first wanted: the start need not wait for it.
-        auto *frmSimulator = findChild<FrmSimulator *>();
+        auto *frmSimulator = window_->findChild<FrmSimulator *>();
         if (!frmSimulator)
-            frmSimulator = new FrmSimulator(unit, this);
+            frmSimulator = new FrmSimulator(unit, window_);
         frmSimulator->show();
         frmSimulator->raise();
         frmSimulator->activateWindow();
     });
 }
 
-void FrmMain::ReflectMarks()
+void Menus::ShowPreferences()
 {
-    for (const auto &[action, checked] : marks_)
-        action->setChecked(checked());
+    // Deliberate: the other way round than the menu item's own toggle, which rules from its first use on.
+    mnuConfirm_->setEnabled(desk_.options.AutoUpload);
+    mnuShort_->setEnabled(desk_.options.AutoUpload);
+    ReflectMarks();
 }
 
-void FrmMain::EnableCommands(bool enable)
+void Menus::Enable(bool enable)
 {
-    mnuFile_->setEnabled(enable);
-    mnuOpt_->setEnabled(enable);
-    if (mnuSimulator_)
-        mnuSimulator_->setEnabled(enable);
-    cmdConnect_->setEnabled(enable);
-    // Changing the tab may ask and send, so it waits as well.
-    SSTAB1_->tabBar()->setEnabled(enable);
+    for (QMenu *menu : {mnuFile_, mnuOpt_, mnuSimulator_})
+        if (menu)
+            menu->setEnabled(enable);
 }
 
-void FrmMain::mnuBaud_Click(Word index)
+void Menus::EnableForStream(bool streaming)
+{
+    mnuBaud_->setEnabled(!streaming);
+    mnuRef_->setEnabled(!streaming);
+}
+
+void Menus::mnuBaud_Click(Word index)
 {
     baudIndex_ = index;
-    link_.RetryFunction(UnitOp::SetDLLBaud, index, 0);
+    desk_.link.RetryFunction(UnitOp::SetDLLBaud, index, 0);
 }
 
-void FrmMain::mnuAuto_Click()
+void Menus::mnuAuto_Click()
 {
-    Preferences &options = options_;
+    Preferences &options = desk_.options;
     options.AutoUpload = !options.AutoUpload;
     // Deliberate: the start enables both by the opposite rule.
     mnuConfirm_->setEnabled(!options.AutoUpload);
     mnuShort_->setEnabled(!options.AutoUpload);
 }
 
-void FrmMain::mnuAutoRef_Click()
+void Menus::mnuAutoRef_Click()
 {
-    if (!entries_.CommitEntry())
+    if (!desk_.entries.CommitEntry())
         return;
-    const QPointer<QWidget> focus = focusWidget();
-    setEnabled(false);
-    frmRef_ = std::make_unique<FrmRef>(options_, this);
+    const QPointer<QWidget> focus = window_->focusWidget();
+    window_->setEnabled(false);
+    frmRef_ = std::make_unique<FrmRef>(desk_.options, window_);
     connect(frmRef_.get(), &QDialog::finished, this, [this, focus] {
         ReflectMarks();
-        setEnabled(true);
-        activateWindow();
+        window_->setEnabled(true);
+        window_->activateWindow();
         // Disabling took it away. Another window had it meanwhile, so a slider is not come to anew.
         if (focus)
             focus->setFocus(Qt::ActiveWindowFocusReason);
@@ -161,54 +190,31 @@ void FrmMain::mnuAutoRef_Click()
     frmRef_->show();
     frmRef_->activateWindow();
     // Deliberate: re-reading at intervals would undo edits that were not sent, so they are sent from now on.
-    if (options_.AutoRefresh && !options_.AutoUpload)
+    if (desk_.options.AutoRefresh && !desk_.options.AutoUpload)
         mnuAuto_Click();
 }
 
-void FrmMain::mnuSys_Click()
+void Menus::mnuSys_Click()
 {
     if (!useSystemTime_) {
         useSystemTime_ = true;
-        link_.SetConsoleClock(std::nullopt);
+        desk_.link.SetConsoleClock(std::nullopt);
         return;
     }
-    if (!entries_.CommitEntry())
+    if (!desk_.entries.CommitEntry())
         return;
-    FrmTime frmTime(link_.ConsoleTime(), this);
+    FrmTime frmTime(desk_.link.ConsoleTime(), window_);
     if (frmTime.exec() != QDialog::Accepted)
         return;
     useSystemTime_ = false;
-    link_.SetConsoleClock(frmTime.Chosen());
-    link_.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::Unasked);
+    desk_.link.SetConsoleClock(frmTime.Chosen());
+    desk_.link.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::Unasked);
 }
 
-void FrmMain::mnuSet_Click()
+void Menus::mnuSet_Click()
 {
-    if (!entries_.CommitEntry())
-        return;
-    FrmTheater(editor_, this).exec();
-}
-
-void FrmMain::cmdConnect_Click()
-{
-    if (link_.UnitOnline() || link_.InCall() || !entries_.CommitEntry())
-        return;
-    constexpr int PollInterval = 2000;
-    const QPointer<QWidget> focus = focusWidget();
-    EnableCommands(false);
-    if (link_.ConnectToUnit())
-        tmrPoll_->setInterval(PollInterval);
-    frmProg_.reset();
-    EnableCommands(true);
-    if (focus && focus->isEnabled() && !focusWidget())
-        focus->setFocus();
-    // Where no window manager gives the focus back, the window would stay deaf to keys.
-    if (isVisible())
-        activateWindow();
-    FitScreen();
-    if (started_)
-        TakeSnapshot();
-    CarryOutClose();
+    if (desk_.entries.CommitEntry())
+        FrmTheater(desk_.editor, window_).exec();
 }
 
 } // namespace kelvo

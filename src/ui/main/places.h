@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDir>
 #include <QString>
 
 #include <functional>
@@ -15,6 +16,8 @@ struct Places {
     int screenHeight = 768;                   ///< of the screen, in pixels that do not depend on its scale
     std::function<bool()> serialIniMissing{}; ///< the library's serial settings file does not exist yet
     std::function<void(const QString &)> report{}; ///< takes a line for standard error and the log
+
+    QString PreferencesFile() const { return QDir(programDirectory).filePath("settings.dat"); }
 };
 
 } // namespace kelvo

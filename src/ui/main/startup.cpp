@@ -1,32 +1,28 @@
 #include "ui/main/frmmain.h"
 
-#include "files/configfile.h"
 #include "files/preferencesfile.h"
 #include "ui/main/messages.h"
 
-#include <QAction>
-#include <QDir>
-#include <QFile>
+#include <QPointer>
+#include <QTabBar>
 
 namespace kelvo {
 
 namespace {
 
 constexpr int LowestScreen = 600; ///< pixels; the window fits a screen of 800 x 600
-constexpr auto SnapshotName = "temp.qm4";
-constexpr auto PreferencesName = "settings.dat";
 
 } // namespace
 
 void FrmMain::Form_Load()
 {
-    optionsPanel_->InitialiseLookupArrays();
+    panels_.options->InitialiseLookupArrays();
     InitialiseSettings();
 
     link_.SetConnectStatus(LinkState::OffLine);
     link_.Updating = true;
-    ClearTabStatus();
-    frmtabs_[shownTab_]->setEnabled(true);
+    tabs_->ClearTabStatus();
+    tabs_->EnableShown(true);
     if (places_.screenHeight < LowestScreen)
         Tell(this, messages::SmallScreen);
     FitScreen();
@@ -39,26 +35,21 @@ void FrmMain::Form_Load()
         Tell(this, messages::MissingLibrary, {places_.missingLibrary});
     }
     if (!link_.UnitOnline())
-        mnuNew_Click();
+        files_->mnuNew_Click();
     link_.RetryFunction(UnitOp::StopStream);
-    optical_->Stream().ForgetProjector();
+    panels_.optical->Stream().ForgetProjector();
 
-    help_->LoadHelp(places_.helpFile);
+    panels_.help->LoadHelp(places_.helpFile);
     link_.Updating = false;
     started_ = true;
-    TakeSnapshot();
+    snapshot_.Take();
 }
 
 void FrmMain::InitialiseSettings()
 {
-    if (places_.ownsFiles)
-        QFile::remove(SnapshotFile()); // left by a run that never came to its end
-    baudIndex_ = 0;
-    options_ = ReadPreferences(PreferencesFile().toStdString());
-    // Deliberate: the other way round than the menu item's own toggle, which rules from its first use on.
-    mnuConfirm_->setEnabled(options_.AutoUpload);
-    mnuShort_->setEnabled(options_.AutoUpload);
-    ReflectMarks();
+    snapshot_.Remove(); // left by a run that never came to its end
+    options_ = ReadPreferences(places_.PreferencesFile().toStdString());
+    menus_->ShowPreferences();
     if (places_.serialIniMissing())
         library_.DLLCreateIni();
 }
@@ -70,25 +61,34 @@ void FrmMain::FitScreen()
         move(x(), 0);
 }
 
-QString FrmMain::SnapshotFile() const
+void FrmMain::cmdConnect_Click()
 {
-    return QDir(places_.programDirectory).filePath(SnapshotName);
-}
-
-QString FrmMain::PreferencesFile() const
-{
-    return QDir(places_.programDirectory).filePath(PreferencesName);
-}
-
-void FrmMain::TakeSnapshot()
-{
-    if (snapshotTaken_ || !places_.ownsFiles || !link_.UnitOnline() || link_.InCall())
+    if (link_.UnitOnline() || link_.InCall() || !entries_.CommitEntry())
         return;
-    if (const auto failure = SaveConfigFile(SnapshotFile().toStdString(), room_))
-        Tell(this, messages::CannotSave,
-             {QDir::toNativeSeparators(SnapshotFile()), QString::fromStdString(failure->reason)});
-    else
-        snapshotTaken_ = true;
+    constexpr int PollInterval = 2000;
+    const QPointer<QWidget> focus = focusWidget();
+    EnableCommands(false);
+    if (link_.ConnectToUnit())
+        tmrPoll_->setInterval(PollInterval);
+    frmProg_.reset();
+    EnableCommands(true);
+    if (focus && focus->isEnabled() && !focusWidget())
+        focus->setFocus();
+    // Where no window manager gives the focus back, the window would stay deaf to keys.
+    if (isVisible())
+        activateWindow();
+    FitScreen();
+    if (started_)
+        snapshot_.Take();
+    closing_->CarryOutClose();
+}
+
+void FrmMain::EnableCommands(bool enable)
+{
+    menus_->Enable(enable);
+    column_->EnableConnect(enable);
+    // Changing the tab may ask and send, so it waits as well.
+    tabs_->tabBar()->setEnabled(enable);
 }
 
 } // namespace kelvo

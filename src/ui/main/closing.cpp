@@ -1,0 +1,138 @@
+#include "ui/main/closing.h"
+
+#include "files/preferencesfile.h"
+#include "ui/controls/levelfield.h"
+#include "ui/main/messages.h"
+#include "unit/sequences.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QScopedValueRollback>
+#include <QTimer>
+
+namespace kelvo {
+
+Closing::Closing(QMainWindow *window, const Desk &desk) : QObject(window), window_(window), desk_(desk)
+{
+}
+
+bool Closing::MayClose()
+{
+    if (running_)
+        return false;
+    if (desk_.link.InCall()) {
+        requested_ = true;
+        return false;
+    }
+    requested_ = false;
+    // A question, or the dialog that disabled the window, comes first.
+    if (!window_->isEnabled() && desk_.menus.OpenRefresh())
+        desk_.menus.OpenRefresh()->activateWindow();
+    if (!window_->isEnabled() || QApplication::activeModalWidget())
+        return false;
+
+    running_ = true;
+    if (!Form_Unload())
+        running_ = false;
+    return running_;
+}
+
+void Closing::CarryOutClose()
+{
+    if (!requested_)
+        return;
+    // Later, from the event loop: the call that it came in is still on the stack.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (requested_)
+                window_->close();
+        },
+        Qt::QueuedConnection);
+}
+
+bool Closing::EndSession(bool mayAsk)
+{
+    const QScopedValueRollback ending(sessionEnds_, true);
+    const QScopedValueRollback asking(mayAsk_, mayAsk);
+    if (FrmRef *frmRef = desk_.menus.OpenRefresh())
+        frmRef->close();
+    return window_->close();
+}
+
+void Closing::LeaveNow()
+{
+    mayAsk_ = false;
+    TidyUp();
+}
+
+bool Closing::Form_Unload()
+{
+    if (mayAsk_ && !(desk_.entries.CommitEntry() && SaveQuestionAnswered()))
+        return false;
+    if (!mayAsk_)
+        DropEntries();
+    // A session that ends waits for the one answer that work depends on, and for no other.
+    const bool mayRevert = mayAsk_ && !sessionEnds_ && desk_.snapshot.Taken() && desk_.link.UnitOnline();
+    if (mayRevert && Ask(window_, messages::Revert))
+        RevertToSnapshot();
+    TidyUp();
+    return true;
+}
+
+bool Closing::SaveQuestionAnswered()
+{
+    if (!desk_.file.SettingsChanged)
+        return true;
+    switch (AskOrCancel(window_, messages::SaveBeforeExit)) {
+    case Answer::Yes:
+        return desk_.files.SaveAsked();
+    case Answer::No:
+        return true;
+    case Answer::Cancel:
+        return false;
+    }
+    return false;
+}
+
+void Closing::RevertToSnapshot()
+{
+    desk_.stream.StopIfRunning(); // whose unit must not be asked to change its mute
+    if (desk_.files.OpenFile(desk_.snapshot.Path()))
+        desk_.link.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit);
+}
+
+void Closing::TidyUp()
+{
+    if (left_)
+        return;
+    left_ = true;
+    desk_.snapshot.Remove();
+    if (desk_.places.ownsFiles)
+        WritePreferencesFile();
+    if (!desk_.link.InCall())
+        SayFarewell(desk_.link, desk_.stream);
+
+    for (QTimer *timer : window_->findChildren<QTimer *>())
+        timer->stop();
+    for (QWidget *window : QApplication::topLevelWidgets())
+        if (window != window_)
+            window->hide();
+}
+
+void Closing::DropEntries()
+{
+    for (LevelField *field : window_->findChildren<LevelField *>())
+        field->Drop();
+}
+
+void Closing::WritePreferencesFile()
+{
+    const QString path = desk_.places.PreferencesFile();
+    if (const auto failure = WritePreferences(path.toStdString(), desk_.options))
+        desk_.places.report(
+            QString(messages::CannotSave.text)
+                .arg(QDir::toNativeSeparators(path), QString::fromStdString(failure->reason)));
+}
+
+} // namespace kelvo

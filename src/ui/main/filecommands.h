@@ -1,0 +1,52 @@
+#pragma once
+
+#include "edit/editor.h"
+#include "ui/controls/entrywindow.h"
+#include "unit/opticalstream.h"
+
+#include <QObject>
+
+class QWidget;
+
+namespace kelvo {
+
+/// New, Open, Save and Save As. It owns how the room on the screen stands to its file: name, title and
+/// whether a Save may write without asking for a name.
+class FileCommands : public QObject {
+    Q_OBJECT
+
+  public:
+    FileCommands(Editor &editor, FileState &file, UnitLink &link, OpticalStream &stream, EntryWindow &entries,
+                 QWidget *window);
+
+    void mnuNew_Click();
+    void mnuLoad_Click();
+    /// False after a cancel or a report.
+    bool mnuSave_Click();
+    bool mnuSaveAs_Click();
+    /// The save that a question asked for; through Save As when Save is disabled.
+    bool SaveAsked();
+    /// Opens a settings file as `mnuLoad` would once its dialog has chosen it. False after a report.
+    bool OpenFile(const QString &path);
+
+  signals:
+    void Named(const QString &title); ///< what stands between the title's angle brackets
+    void MaySave(bool may);           ///< `mnuSave`
+    void Reset();                     ///< what plays is no part of the new settings
+
+  private:
+    bool SaveTo(const QString &path);
+    void AllowSave(bool may);
+    QString ProposedName() const;
+
+    Editor &editor_;
+    FileState &file_;
+    UnitLink &link_;
+    OpticalStream &stream_;
+    EntryWindow &entries_;
+    QWidget *window_;
+    bool maySave_ = true;
+    QString dialogFile_; ///< what the file dialogs chose last; "" = nothing
+};
+
+} // namespace kelvo

@@ -1,0 +1,115 @@
+#include "ui/main/keypreview.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QTabBar>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace kelvo {
+
+KeyPreview::KeyPreview(UnitLink &link, EntryWindow &entries, const Preferences &options, const Panels &panels,
+                       TabPages &tabs, QWidget *window)
+    : link_(link),
+      entries_(entries),
+      options_(options),
+      panels_(panels),
+      tabs_(tabs),
+      window_(window)
+{
+    qApp->installEventFilter(this);
+}
+
+KeyPreview::~KeyPreview()
+{
+    qApp->removeEventFilter(this);
+}
+
+bool KeyPreview::eventFilter(QObject *watched, QEvent *event)
+{
+    const QEvent::Type type = event->type();
+    if (type != QEvent::KeyPress && type != QEvent::Wheel)
+        return false;
+    auto *receiver = qobject_cast<QWidget *>(watched);
+    if (!receiver || receiver->window() != window_ || !window_->isEnabled() ||
+        QApplication::activeModalWidget())
+        return false;
+    if (type == QEvent::Wheel)
+        return PreviewWheel(receiver, static_cast<QWheelEvent *>(event)->angleDelta().y());
+    auto *key = static_cast<QKeyEvent *>(event);
+    return PreviewKey(receiver, key->key(), key->modifiers() & ~Qt::KeypadModifier, key->isAutoRepeat());
+}
+
+bool KeyPreview::PreviewWheel(QWidget *receiver, int angle)
+{
+    // A wheel over the headings would change the tab, which asks and sends.
+    if (receiver == tabs_.tabBar())
+        return true;
+    // Off line the help page is disabled, and yet it is to be read.
+    QWidget *page = tabs_.Page(Tab::Help);
+    if (page->isEnabled() || !page->isAncestorOf(receiver))
+        return false;
+    panels_.help->ScrollByWheel(angle);
+    return true;
+}
+
+bool KeyPreview::PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers modifiers, bool repeat)
+{
+    const bool connect = key == Qt::Key_F1;
+    const bool upload = key == Qt::Key_F2;
+    if (connect || upload) {
+        // Connect does nothing on line, so it is asked first and takes what is typed itself.
+        if (repeat || link_.InCall() || (upload && !entries_.CommitEntry()))
+            return true;
+        if (connect)
+            emit ConnectPressed();
+        else
+            link_.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit);
+        return true;
+    }
+    if (tabs_.Shown() == Tab::Help)
+        return PreviewHelpKey(receiver, key, modifiers);
+    return options_.Shortcuts && modifiers == Qt::ControlModifier && tabs_.Shown() == Tab::Eq &&
+           tabs_.Page(Tab::Eq)->isEnabled() && RunShortcut(key, repeat);
+}
+
+/// False for a key that is no shortcut.
+bool KeyPreview::RunShortcut(int key, bool repeat)
+{
+    constexpr std::array<int, ChannelCount> ChannelKeys{Qt::Key_L, Qt::Key_P, Qt::Key_C,
+                                                        Qt::Key_Q, Qt::Key_R, Qt::Key_E};
+    const auto channel = std::ranges::find(ChannelKeys, key);
+    const bool ofChannel = channel != ChannelKeys.end();
+    if (!ofChannel && key != Qt::Key_M && key != Qt::Key_7 && key != Qt::Key_G)
+        return false;
+    if (repeat)
+        return true;
+    if (link_.InCall())
+        return false;
+    // A level still being typed belongs to what was shown when it was begun. Sending it may lose the link.
+    if (!entries_.CommitEntry() || !tabs_.Page(Tab::Eq)->isEnabled())
+        return true;
+    if (ofChannel)
+        panels_.equaliser->cmdEQChan_Click(int(channel - ChannelKeys.begin()));
+    else if (key == Qt::Key_M)
+        panels_.mute->cmdMute_Click();
+    else if (key == Qt::Key_7)
+        panels_.fader->cmdSet7_Click();
+    else
+        panels_.equaliser->cmdPink_Click();
+    return true;
+}
+
+bool KeyPreview::PreviewHelpKey(QWidget *receiver, int key, Qt::KeyboardModifiers modifiers)
+{
+    if (key == Qt::Key_F && modifiers == Qt::ControlModifier) {
+        panels_.help->OpenSearch();
+        return true;
+    }
+    // Nobody else's key: the strip has the focus when the tab is new, the window gets what others leave over.
+    const bool free = receiver == tabs_.tabBar() || receiver == window_;
+    return free && modifiers == Qt::NoModifier && panels_.help->ScrollByKey(key);
+}
+
+} // namespace kelvo

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "unit/linkview.h"
+
+#include <QWidget>
+
+#include <optional>
+
+class QLabel;
+class QPushButton;
+
+namespace kelvo {
+
+/// What stands beside the tabs, always in sight: the lamp, Connect, what the unit lacks, the master fader and
+/// the PC's time.
+class MasterColumn : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit MasterColumn(QWidget *masterFader);
+
+    /// The lamp is on the screen before this returns.
+    void ShowConnectStatus(LinkState state);
+    void ShowSent(std::optional<int> differences);
+    void ShowTime(const std::string &time);
+    void EnableConnect(bool enable);
+
+  signals:
+    void ConnectClicked();
+
+  private:
+    QLabel *lblStat_;
+    QLabel *lblSent_;
+    QLabel *lblClock_;
+    QPushButton *cmdConnect_;
+};
+
+} // namespace kelvo
