@@ -1,6 +1,7 @@
 #include "edit/editor.h"
 
 #include "model/flagguard.h"
+#include "unit/onechange.h"
 
 #include <array>
 #include <utility>
@@ -62,7 +63,7 @@ void Editor::Apply(const Edit &edit, Send send)
 {
     if (link_.Updating)
         return;
-    const UnitLink::OneChange change(link_);
+    const OneChange change(link_);
     const TheaterTexts texts = room_.TheaterInfo;
     edit.make(room_);
     Changed changed{Source::Edit};
@@ -92,7 +93,7 @@ void Editor::SendAfterEdit(const Changed &changed, bool moved)
 
 void Editor::Adopt(RoomSettings room, Source source)
 {
-    const UnitLink::OneChange change(link_);
+    const OneChange change(link_);
     const FlagGuard adopting(link_.Updating);
     room_ = std::move(room);
     show_(Changed::Everything(source));

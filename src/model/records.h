@@ -1,10 +1,10 @@
 #pragma once
 
+#include "model/channels.h"
+
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <span>
-#include <type_traits>
 
 namespace kelvo {
 
@@ -15,43 +15,6 @@ using Word = std::int16_t;
 
 inline constexpr Word True = -1;
 inline constexpr Word False = 0;
-
-/// The channel order of every per-channel array, file line and device call.
-enum Channel { Left, LeftSurround, Center, RightSurround, Right, Subwoofer };
-inline constexpr int ChannelCount = 6;
-
-/// How a channel is equalised: 27 third-octave bands, 9 octave bands, or one parametric band.
-enum class ChannelKind { Screen, Surround, Subwoofer };
-
-constexpr ChannelKind KindOf(int channel)
-{
-    if (channel == Subwoofer)
-        return ChannelKind::Subwoofer;
-    return channel == LeftSurround || channel == RightSurround ? ChannelKind::Surround : ChannelKind::Screen;
-}
-
-inline constexpr int BandCount = 27;         ///< third-octave bands of a screen channel, 40 Hz to 16 kHz
-inline constexpr int SurroundBandCount = 9;  ///< octave bands of a surround channel, 63 Hz to 16 kHz
-inline constexpr int SubwooferByteCount = 3; ///< gain, width and frequency of the subwoofer
-
-/// How many slice bytes, from byte 0 on, hold the equaliser of a channel of this kind.
-constexpr int EqualiserBytes(ChannelKind kind)
-{
-    switch (kind) {
-    case ChannelKind::Screen:
-        return BandCount;
-    case ChannelKind::Surround:
-        return SurroundBandCount;
-    case ChannelKind::Subwoofer:
-        return SubwooferByteCount;
-    }
-    return 0;
-}
-
-/// Slider position of 0 dB: bands, trims, sub-bass gain and OBE (half decibels, 0 to 24).
-inline constexpr Byte FlatHalfDecibel = 12;
-/// Slider position of 0 dB of the bass and treble shelves (whole decibels, 0 to 20).
-inline constexpr Byte FlatShelf = 10;
 
 /// Where the subwoofer keeps its parametric band inside `ChannelSlice::Band`.
 enum SubwooferByte { SubGain, SubWidth, SubFreq };
@@ -65,9 +28,6 @@ struct ChannelSlice {
 
     bool operator==(const ChannelSlice &) const = default;
 };
-static_assert(sizeof(ChannelSlice) == 30 && offsetof(ChannelSlice, Band) == 0);
-static_assert(offsetof(ChannelSlice, BassLevel) == 27 && offsetof(ChannelSlice, TrebleLevel) == 28);
-static_assert(offsetof(ChannelSlice, unused29) == 29);
 
 /// The audio settings as the unit holds them. Reserved bytes go back as they came.
 struct AudioBlock {
@@ -81,11 +41,6 @@ struct AudioBlock {
 
     bool operator==(const AudioBlock &) const = default;
 };
-static_assert(sizeof(AudioBlock) == 224 && offsetof(AudioBlock, UnitClock) == 0);
-static_assert(offsetof(AudioBlock, reserved4) == 4 && offsetof(AudioBlock, ChannelTrim) == 6);
-static_assert(offsetof(AudioBlock, ChannelEq) == 12 && offsetof(AudioBlock, ObeLevel) == 192);
-static_assert(offsetof(AudioBlock, ObeFreq) == 193 && offsetof(AudioBlock, reserved194) == 194);
-static_assert(std::is_trivially_copyable_v<AudioBlock>);
 
 /// The format and option settings as the unit holds them. `stored` bytes have no control on the
 /// console but travel in files; reserved bytes travel in the block alone.
@@ -108,15 +63,6 @@ struct SystemBlock {
 
     bool operator==(const SystemBlock &) const = default;
 };
-static_assert(sizeof(SystemBlock) == 128 && offsetof(SystemBlock, F1KeyMode) == 0);
-static_assert(offsetof(SystemBlock, DisableMatrix) == 1 && offsetof(SystemBlock, reserved2) == 2);
-static_assert(offsetof(SystemBlock, NonsyncMode) == 3 && offsetof(SystemBlock, ReaderDelay) == 4);
-static_assert(offsetof(SystemBlock, SurroundDelay) == 6 && offsetof(SystemBlock, reserved7) == 7);
-static_assert(offsetof(SystemBlock, stored8) == 8 && offsetof(SystemBlock, reserved9) == 9);
-static_assert(offsetof(SystemBlock, stored10) == 10 && offsetof(SystemBlock, reserved14) == 14);
-static_assert(offsetof(SystemBlock, NonsyncTrim) == 24 && offsetof(SystemBlock, stored25) == 25);
-static_assert(offsetof(SystemBlock, DefaultFormat) == 30 && offsetof(SystemBlock, reserved31) == 31);
-static_assert(std::is_trivially_copyable_v<SystemBlock>);
 
 /// The optical reader delay in quarter frames, 0 to 65535; the console's list ends at 396.
 constexpr int ReaderDelayIndex(const SystemBlock &system)
@@ -131,26 +77,16 @@ constexpr void SetReaderDelayIndex(SystemBlock &system, int index)
 }
 
 /// The record's own storage, for the device library and the old file format.
-inline std::span<Byte, sizeof(AudioBlock)> BytesOf(AudioBlock &audio)
+template <typename Record>
+std::span<Byte, sizeof(Record)> BytesOf(Record &record)
 {
-    return std::span<Byte, sizeof(AudioBlock)>(reinterpret_cast<Byte *>(&audio), sizeof(AudioBlock));
+    return std::span<Byte, sizeof(Record)>(reinterpret_cast<Byte *>(&record), sizeof(Record));
 }
 
-inline std::span<Byte, sizeof(SystemBlock)> BytesOf(SystemBlock &system)
+template <typename Record>
+std::span<const Byte, sizeof(Record)> BytesOf(const Record &record)
 {
-    return std::span<Byte, sizeof(SystemBlock)>(reinterpret_cast<Byte *>(&system), sizeof(SystemBlock));
-}
-
-inline std::span<const Byte, sizeof(AudioBlock)> BytesOf(const AudioBlock &audio)
-{
-    return std::span<const Byte, sizeof(AudioBlock)>(reinterpret_cast<const Byte *>(&audio),
-                                                     sizeof(AudioBlock));
-}
-
-inline std::span<const Byte, sizeof(SystemBlock)> BytesOf(const SystemBlock &system)
-{
-    return std::span<const Byte, sizeof(SystemBlock)>(reinterpret_cast<const Byte *>(&system),
-                                                      sizeof(SystemBlock));
+    return std::span<const Byte, sizeof(Record)>(reinterpret_cast<const Byte *>(&record), sizeof(Record));
 }
 
 } // namespace kelvo

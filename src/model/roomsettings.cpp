@@ -15,7 +15,7 @@ void ResetChannelData(RoomSettings &room, int channel)
 {
     // A surround's slice is flat over its whole length, also where no control reaches.
     if (KindOf(channel) == ChannelKind::Surround)
-        room.Audio.ChannelEq[channel].Band.fill(FlatHalfDecibel);
+        room.Audio.ChannelEq[channel].Band.fill(Byte(HalfDecibelRule.zeroAt));
     for (int index = 0; index < FieldCount; ++index) {
         const Field &field = Fields()[index];
         if (field.channel == channel &&

@@ -12,7 +12,7 @@ namespace kelvo {
 enum class LinkState { OffLine, OnLine, InDoubt };
 
 enum class LinkBox {
-    Report,   ///< exclamation icon and OK
+    Report,  ///< exclamation icon and OK
     YesOrNo, ///< question icon, Yes and No; Escape is No
 };
 

@@ -1,5 +1,7 @@
 #include "unit/simulatedunit.h"
 
+#include "model/levels.h"
+
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -36,8 +38,8 @@ AudioBlock TunedAudio()
                                                      : subwoofer;
         for (std::size_t unused = std::size_t(EqualiserBytes(kind)); unused < slice.Band.size(); ++unused)
             slice.Band[unused] = Byte(0x80 + unused);
-        slice.BassLevel = FlatShelf;
-        slice.TrebleLevel = FlatShelf;
+        slice.BassLevel = Byte(ShelfRule.zeroAt);
+        slice.TrebleLevel = Byte(ShelfRule.zeroAt);
         slice.unused29 = Byte(0xE0 + channel);
     }
     audio.ChannelEq[Right].Band[16] = 13;

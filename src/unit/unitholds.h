@@ -22,6 +22,12 @@ struct UnitHolds {
     bool KnowsRecords() const { return Knows(field::Trim(Left)) && Knows(field::F1KeyMode); }
 };
 
+/// A stream has ended and the operator's format is not sent yet: its link may have gone.
+struct LostStream {
+    Word format;          ///< the unit is still in it, unless somebody changed it at its panel
+    Word operatorsFormat; ///< what is to be selected
+};
+
 /// How many settings differ from what the unit holds; empty until both its records are known.
 std::optional<int> CountDifferences(const RoomSettings &room, const UnitHolds &holds);
 

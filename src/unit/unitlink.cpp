@@ -2,8 +2,7 @@
 
 #include "model/flagguard.h"
 #include "unit/messages.h"
-#include "unit/unitclock.h"
-#include "unit/versions.h"
+#include "unit/onechange.h"
 
 #include <span>
 #include <utility>
@@ -48,10 +47,10 @@ UnitLink::UnitLink(RoomSettings &room, const Preferences &options, DeviceLibrary
 {
 }
 
-UnitLink::OneChange::~OneChange()
+void UnitLink::EndChange()
 {
-    if (--link_.changes_ == 0)
-        link_.view_.ShowSent();
+    if (--changes_ == 0)
+        view_.ShowSent();
 }
 
 // Calls and their reports
@@ -125,9 +124,9 @@ Status UnitLink::CallLibrary(UnitOp op, Word first, Word second)
     case UnitOp::InitDLL:
         return library_.InitDLL(options_.ComPort);
     case UnitOp::GetAudio:
-        return ReadRecord(&DeviceLibrary::GetAudio, room_.Audio, Place::Audio);
+        return ReadRecord(Place::Audio);
     case UnitOp::GetSystem:
-        return ReadRecord(&DeviceLibrary::GetSystem, room_.System, Place::System);
+        return ReadRecord(Place::System);
     case UnitOp::SetAudio:
         return sentRecord(library_.SetAudio(room_.Audio), Place::Audio);
     case UnitOp::SetSystem:
@@ -170,15 +169,18 @@ Status UnitLink::ReadLive(Status (DeviceLibrary::*get)(Word &), FieldId live)
 
 /// The library fills the console's own record in place, so that bytes it leaves alone keep their values. What
 /// a failed call has left there was never read.
-template <class Block>
-Status UnitLink::ReadRecord(Status (DeviceLibrary::*get)(Block &), Block &block, Place record)
+Status UnitLink::ReadRecord(Place record)
 {
-    const Block before = block;
-    const Status status = (library_.*get)(block);
-    if (status == Success)
+    const AudioBlock audio = room_.Audio;
+    const SystemBlock system = room_.System;
+    const Status status =
+        record == Place::Audio ? library_.GetAudio(room_.Audio) : library_.GetSystem(room_.System);
+    if (status == Success) {
         holds_.TakeRecord(record, room_);
-    else
-        block = before;
+    } else {
+        room_.Audio = audio;
+        room_.System = system;
+    }
     return status;
 }
 
@@ -252,181 +254,6 @@ void UnitLink::Show(const Changed &changed)
     view_.Show(changed);
 }
 
-// The connection
-
-bool UnitLink::ConnectToUnit()
-{
-    if (unitOnline_ || InCall())
-        return false;
-    const OneChange change(*this);
-    const FlagGuard connecting(connecting_);
-    return OpenConnection();
-}
-
-bool UnitLink::OpenConnection()
-{
-    // Deliberate: an attempt that fails leaves this set; the next good connection clears it.
-    Updating = true;
-    SetPolling(false);
-    SetConnectStatus(LinkState::OffLine);
-    view_.EnableFrames(false);
-
-    ShowProgress(messages::Connecting, 0);
-    view_.ShowUnitVersion({});
-    if (!Answers(UnitOp::InitDLL))
-        return false;
-    ShowProgress(messages::ReadingVersion, 0);
-    if (!Answers(UnitOp::GetUnitVersion) || !AcceptVersion())
-        return false;
-
-    connectionAccepted_ = true;
-    view_.EnableFrames(true);
-    holds_ = UnitHolds{.Playing = holds_.Playing};
-    if (!ShowSettings(Source::Connection)) {
-        if (unitOnline_)
-            Refuse(messages::ConnectionErrorTitle, messages::UnableToConnect);
-        return false;
-    }
-    RetryFunction(UnitOp::StopStream);
-    ReturnToOperatorsFormat();
-
-    Updating = false;
-    SetPolling(true);
-    return true;
-}
-
-bool UnitLink::Answers(UnitOp op)
-{
-    const Status status = RetryFunction(op);
-    // Six times this while opening is no connection, but it was not reported and the link stayed open.
-    if (status == StreamNotLocked)
-        Refuse(messages::ConnectionErrorTitle, messages::UnableToConnect);
-    return status == Success;
-}
-
-void UnitLink::Refuse(std::string_view title, std::string_view text)
-{
-    ShowBox(LinkBox::Report, title, text);
-    DispErr(Success);
-}
-
-bool UnitLink::AcceptVersion()
-{
-    view_.ShowUnitVersion(VersionCaptions(version_));
-    if (!OutOfDate(version_))
-        return true;
-    Refuse(messages::OutOfDateTitle, messages::OutOfDate);
-    return false;
-}
-
-/// The stream ended with its link and nobody selected the operator's format.
-void UnitLink::ReturnToOperatorsFormat()
-{
-    const auto lost = std::exchange(lostStream_, std::nullopt);
-    if (!unitOnline_ || !lost || room_.CurrentFormat != lost->format || lost->format == lost->operatorsFormat)
-        return;
-    room_.CurrentFormat = lost->operatorsFormat;
-    Show(Changed::Of(Source::Poll, {field::Format}));
-    RetryFunction(UnitOp::SelectFormat);
-}
-
-// Upload and read-back
-
-void UnitLink::UploadToUnit(UploadSelector selector, UploadTrigger trigger, bool moved)
-{
-    const OneChange change(*this);
-    if (!MayUpload(trigger, moved))
-        return;
-    const LocalTime now = ConsoleTime();
-    StampUnitClock(room_.Audio, now, IsPm(now));
-    if (selector == UploadSelector::Both || selector == UploadSelector::SystemOnly)
-        RetryFunction(UnitOp::SetSystem);
-    if (selector == UploadSelector::Both || selector == UploadSelector::AudioOnly)
-        RetryFunction(UnitOp::SetAudio);
-    view_.Show({Source::Upload});
-}
-
-bool UnitLink::MayUpload(UploadTrigger trigger, bool moved)
-{
-    if (!unitOnline_ || yielding_)
-        return false;
-    switch (PassageOf({trigger, options_.AutoUpload, Updating, moved, options_.ConfirmUpload})) {
-    case Passage::Closed:
-        return false;
-    case Passage::AskFirst:
-        return ShowBox(LinkBox::YesOrNo, messages::ConfirmUploadTitle, messages::ConfirmUpload);
-    case Passage::Open:
-        return true;
-    }
-    return false;
-}
-
-bool UnitLink::ShowSettings(Source source)
-{
-    const OneChange change(*this);
-    const bool read = ReadRecords();
-    for (const UnitOp live : {UnitOp::GetMute, UnitOp::GetVol, UnitOp::GetFormat})
-        RetryFunction(live);
-    if (read)
-        Show(Changed::Unit(source));
-    return read;
-}
-
-/// Both or none: half a unit's settings beside half a screen's are nobody's.
-bool UnitLink::ReadRecords()
-{
-    const AudioBlock audio = room_.Audio;
-    const SystemBlock system = room_.System;
-    const UnitHolds holds = holds_;
-    bool read = true;
-    for (const UnitOp record : {UnitOp::GetAudio, UnitOp::GetSystem}) {
-        const bool called = unitOnline_ && !yielding_;
-        read = RetryFunction(record) == Success && called && read;
-    }
-    if (!read) {
-        room_.Audio = audio;
-        room_.System = system;
-        holds_ = holds;
-    }
-    return read;
-}
-
-void UnitLink::Update()
-{
-    if (!InCall() && unitOnline_)
-        ShowSettings(Source::Update);
-}
-
-// Timers
-
-void UnitLink::SetPolling(bool on)
-{
-    polling_ = on;
-    view_.SetPolling(on);
-}
-
-void UnitLink::PollTick()
-{
-    if (InCall() || !unitOnline_)
-        return;
-    const OneChange change(*this);
-    const FlagGuard polling(pollActive_);
-    RetryFunction(UnitOp::GetFormat);
-    RetryFunction(UnitOp::GetMute);
-    RetryFunction(UnitOp::GetVol);
-}
-
-void UnitLink::RefreshTick(bool mayRead)
-{
-    if (InCall() || !unitOnline_ || !options_.AutoRefresh)
-        return;
-    ++refreshCounter_;
-    if (mayRead && refreshCounter_ >= options_.RefreshSeconds) {
-        Update();
-        refreshCounter_ = 0;
-    }
-}
-
 std::optional<int> UnitLink::Differences() const
 {
     if (!forcedFormat_)
@@ -465,28 +292,6 @@ Status UnitLink::ReadSlitLoss(std::span<Byte, SlitLossBytes> sample, Word &side)
 Status UnitLink::ReadAzimuth(std::span<Byte, AzimuthBytes> frame)
 {
     return ReadStream([&] { return library_.GetOptAzimuth(frame); });
-}
-
-// The clock
-
-void UnitLink::SetConsoleClock(std::optional<LocalTime> time)
-{
-    clockOffset_.reset();
-    if (time)
-        clockOffset_ = *time - clock_.Now();
-}
-
-LocalTime UnitLink::ConsoleTime()
-{
-    return clock_.Now() + clockOffset_.value_or(std::chrono::seconds(0));
-}
-
-bool UnitLink::IsPm(LocalTime time)
-{
-    // A time that the user chose with AM or PM counts as chosen; the PC's own as its time text shows it.
-    if (clockOffset_)
-        return time - std::chrono::floor<std::chrono::days>(time) >= std::chrono::hours(12);
-    return clock_.TimeText(time).ends_with("PM");
 }
 
 } // namespace kelvo

@@ -4,6 +4,8 @@
 #include "unit/devicelibrary.h"
 #include "unit/linkview.h"
 #include "unit/unitholds.h"
+#include "unit/unitop.h"
+#include "unit/uploadclock.h"
 #include "unit/uploadgates.h"
 #include "unit/wallclock.h"
 
@@ -11,35 +13,6 @@
 #include <string_view>
 
 namespace kelvo {
-
-/// The operations that go through `RetryFunction`.
-enum class UnitOp {
-    GetFormat,
-    GetVol,
-    GetMute,
-    SelectFormat,
-    SetVol,
-    SetMute,
-    SetPink,
-    SetPhase,
-    GetUnitVersion,
-    InitDLL,
-    GetAudio,
-    GetSystem,
-    SetAudio,
-    SetSystem,
-    SetProjector,
-    BeginGainStream,
-    BeginSlitStream,
-    BeginAzimuthStream,
-    StopStream,
-    EnableOBE,
-    SetRT60,
-    DLLShutdown,
-    SetDLLBaud,
-};
-
-enum class UploadSelector { Both, SystemOnly, AudioOnly };
 
 /// The one door to the unit: every operation with its retries and its error report, the connection,
 /// upload, read-back and polling. Knows no window; what it has to show goes to its `LinkView`.
@@ -53,12 +26,8 @@ class UnitLink {
     bool Updating = false;
 
     bool UnitOnline() const { return unitOnline_; }
-    bool UnitBusy() const { return unitBusy_; } ///< a call that is not a status poll is in progress
-    bool PollActive() const { return pollActive_; }
-    bool ConnectionAccepted() const { return connectionAccepted_; }
     /// A call, its report or its question is on the stack: nothing else may touch the unit.
     bool InCall() const { return unitBusy_ || pollActive_ || connecting_ || yielding_; }
-    bool Connecting() const { return connecting_; }
 
     /// Calls the library, up to six times with 300 ms between. Answers 0 for success and when off line
     /// (nothing is called then), else the sixth failure's status: the link is then closed, but for
@@ -80,14 +49,12 @@ class UnitLink {
     /// Reads both records, mute, fader and format, and shows them. False when a record could not be read:
     /// both then stay as they were, here and in what the unit is known to hold.
     bool ShowSettings(Source source);
-    /// The "Update" command.
-    void Update();
+    void Update(); ///< the "Update" command
 
     /// Ticks of `tmrPoll` and `tmrRefresh`; the caller keeps them away while a box is open.
     void PollTick();
     /// `mayRead` false: the second counts, and the re-read waits for a later tick.
     void RefreshTick(bool mayRead);
-    int RefreshCounter() const { return refreshCounter_; }
 
     /// One direct optical read of the running stream, without retries; a failure goes to `DispErr`.
     /// Off line or inside another call nothing is called and the answer is `StreamNotLocked`.
@@ -100,25 +67,13 @@ class UnitLink {
     /// The operator's counts again, once it is sent.
     void ReleaseFormat();
 
-    /// Sets the clock that uploads stamp to a time, running on from there; empty = the PC's own.
-    void SetConsoleClock(std::optional<LocalTime> time);
-    LocalTime ConsoleTime();
-
+    UploadClock &Clock() { return clock_; } ///< what uploads stamp
     const UnitHolds &Holds() const { return holds_; }
     /// How many settings the unit does not hold; empty until it was read.
     std::optional<int> Differences() const;
 
-    /// One change, whatever calls it makes: `lblSent` follows once, at its end.
-    class OneChange {
-      public:
-        explicit OneChange(UnitLink &link) : link_(link) { ++link_.changes_; }
-        ~OneChange();
-        OneChange(const OneChange &) = delete;
-        OneChange &operator=(const OneChange &) = delete;
-
-      private:
-        UnitLink &link_;
-    };
+    void BeginChange() { ++changes_; } ///< for `OneChange`, as its end
+    void EndChange();
 
   private:
     Status CallUpToSixTimes(UnitOp op, Word first, Word second);
@@ -126,11 +81,9 @@ class UnitLink {
     Status SendFormat();
     Status SendMute();
     Status ReadLive(Status (DeviceLibrary::*get)(Word &), FieldId live);
-    template <class Block>
-    Status ReadRecord(Status (DeviceLibrary::*get)(Block &), Block &block, Place record);
+    Status ReadRecord(Place record);
     template <class Read>
     Status ReadStream(Read read);
-
     bool OpenConnection();
     bool Answers(UnitOp op);
     void Refuse(std::string_view title, std::string_view text);
@@ -138,35 +91,26 @@ class UnitLink {
     bool ReadRecords();
     void ReturnToOperatorsFormat();
     bool MayUpload(UploadTrigger trigger, bool moved);
-    bool IsPm(LocalTime time);
-
     void ShowProgress(std::string_view caption, int failures);
     bool ShowBox(LinkBox kind, std::string_view title, std::string_view text);
     void Show(const Changed &changed);
-
-    /// A stream has ended and the operator's format is not sent yet: its link may have gone.
-    struct LostStream {
-        Word format;          ///< the unit is still in it, unless somebody changed it at its panel
-        Word operatorsFormat; ///< what is to be selected
-    };
 
     RoomSettings &room_;
     const Preferences &options_;
     DeviceLibrary &library_;
     LinkView &view_;
-    WallClock &clock_;
+    UploadClock clock_;
     UnitVersion version_;
     UnitHolds holds_;
     std::optional<Word> forcedFormat_;
     std::optional<LostStream> lostStream_;
-    std::optional<std::chrono::seconds> clockOffset_; ///< of a clock that the user set; empty = the PC's
-    std::string_view progress_;                       ///< the step of the connection attempt
+    std::string_view progress_; ///< the step of the connection attempt
     int refreshCounter_ = 0;
     int changes_ = 0; ///< how many `OneChange` are open
     LinkState lamp_ = LinkState::OffLine;
     bool unitOnline_ = false;
-    bool unitBusy_ = false;
-    bool pollActive_ = false;
+    bool unitBusy_ = false;   ///< a call that is not a status poll is in progress
+    bool pollActive_ = false; ///< the status poll is making its calls
     bool connectionAccepted_ = false;
     bool connecting_ = false;
     bool polling_ = false;

@@ -91,7 +91,6 @@ TEST_CASE("768 shows no box, unlocks the stream and keeps the connection")
     console.link.DispErr(StreamNotLocked);
     CHECK(console.Happened() == Trace{"no stream"});
     CHECK(console.link.UnitOnline());
-    CHECK(console.link.ConnectionAccepted());
 }
 
 TEST_CASE("bits 8 and 9 with any other bit are a link failure, not 768")
@@ -111,7 +110,7 @@ TEST_CASE("768 from a control call after six attempts keeps the link, the lamp i
         console.unit.FailNext(operation.operation, StreamNotLocked, 6);
         CHECK(console.link.RetryFunction(operation.op, 1, True) == StreamNotLocked);
         CHECK(console.link.UnitOnline());
-        CHECK_FALSE(console.link.UnitBusy());
+        CHECK_FALSE(console.link.InCall());
         const Trace happened = console.Happened();
         CHECK(std::ranges::count(happened, "lamp Data?") == 1);
         CHECK(std::ranges::count(happened, "lamp On Line") == 0);
@@ -125,7 +124,6 @@ TEST_CASE("0 ends the connection silently")
     console.link.DispErr(Success);
     CHECK(console.Happened() == EndOfConnection());
     CHECK_FALSE(console.link.UnitOnline());
-    CHECK_FALSE(console.link.ConnectionAccepted());
 }
 
 TEST_CASE("before a connection was accepted the report says only that there is none")
@@ -136,20 +134,14 @@ TEST_CASE("before a connection was accepted the report says only that there is n
           Join({{"box Connection Error: Unable to connect to unit!"}, EndOfConnection()}));
 }
 
-TEST_CASE("the link is still on line and accepted while its report is open, and off line after it")
+TEST_CASE("the link is still on line while its report is open, and off line after it")
 {
     ConnectedLink console;
     bool online = false;
-    bool accepted = false;
-    console.view.duringBox = [&] {
-        online = console.link.UnitOnline();
-        accepted = console.link.ConnectionAccepted();
-    };
+    console.view.duringBox = [&] { online = console.link.UnitOnline(); };
     console.link.DispErr(1);
     CHECK(online);
-    CHECK(accepted);
     CHECK_FALSE(console.link.UnitOnline());
-    CHECK_FALSE(console.link.ConnectionAccepted());
 }
 
 TEST_CASE("the status of the closing DLLShutdown is ignored")

@@ -73,7 +73,7 @@ TEST_CASE("off line every operation but InitDLL does nothing and counts as succe
         CHECK(console.link.RetryFunction(operation.op, 2, True) == Success);
         CHECK(console.Happened().empty());
         CHECK(std::ranges::equal(BytesOf(console.room.Audio), BytesOf(before)));
-        CHECK_FALSE(console.link.UnitBusy());
+        CHECK_FALSE(console.link.InCall());
     }
 }
 
@@ -92,8 +92,7 @@ TEST_CASE("six failures in a row: six attempts, six pauses, the lamp, the report
         CHECK(console.Happened() == expected);
         CHECK(console.clock.paused == std::chrono::milliseconds(1800));
         CHECK_FALSE(console.link.UnitOnline());
-        CHECK_FALSE(console.link.ConnectionAccepted());
-        CHECK_FALSE(console.link.UnitBusy());
+        CHECK_FALSE(console.link.InCall());
     }
 }
 
@@ -202,12 +201,12 @@ TEST_CASE("a control call is busy from its first attempt until its report was se
 {
     ConnectedLink console;
     bool busyInBox = false;
-    console.view.duringBox = [&] { busyInBox = console.link.UnitBusy(); };
+    console.view.duringBox = [&] { busyInBox = console.link.InCall(); };
     console.unit.FailNext(Operation::SetMute, Receiving, 6);
-    CHECK_FALSE(console.link.UnitBusy());
+    CHECK_FALSE(console.link.InCall());
     console.link.RetryFunction(UnitOp::SetMute);
     CHECK(busyInBox);
-    CHECK_FALSE(console.link.UnitBusy());
+    CHECK_FALSE(console.link.InCall());
 }
 
 TEST_CASE("the records go to the library in the settings' own storage, whatever their bytes")

@@ -1,4 +1,5 @@
 #include "support/linkundertest.h"
+#include "unit/onechange.h"
 
 using namespace kelvo;
 
@@ -182,10 +183,10 @@ TEST_CASE("the console's clock, once set, is stamped and runs on from there")
     console.clock.Set(2024, 3, 14, 15, 9);
     const LocalTime chosen = std::chrono::local_days(std::chrono::year(2023) / 12 / 31) +
                              std::chrono::hours(23) + std::chrono::minutes(58);
-    console.link.SetConsoleClock(chosen);
-    CHECK(console.link.ConsoleTime() == chosen);
+    console.link.Clock().Set(chosen);
+    CHECK(console.link.Clock().Now() == chosen);
     console.clock.Set(2024, 3, 14, 15, 10);
-    CHECK(console.link.ConsoleTime() == chosen + std::chrono::minutes(1));
+    CHECK(console.link.Clock().Now() == chosen + std::chrono::minutes(1));
 
     console.clock.pm = " PM";
     console.link.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::Unasked);
@@ -198,7 +199,7 @@ TEST_CASE("the PM flag follows the console's clock, not the PC's")
     console.clock.am = " AM";
     console.clock.pm = " PM";
     console.clock.Set(2024, 3, 14, 9, 0);
-    console.link.SetConsoleClock(console.clock.now + std::chrono::hours(6));
+    console.link.Clock().Set(console.clock.now + std::chrono::hours(6));
     console.link.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::Unasked);
     CHECK(console.unit.audio.UnitClock == std::array<Byte, 4>{4 * 16 + 3, 6 * 32 + 14, 64, 24});
 }
@@ -206,9 +207,9 @@ TEST_CASE("the PM flag follows the console's clock, not the PC's")
 TEST_CASE("an emptied console clock follows the PC again")
 {
     ConnectedLink console;
-    console.link.SetConsoleClock(console.clock.now + std::chrono::days(400));
-    console.link.SetConsoleClock(std::nullopt);
-    CHECK(console.link.ConsoleTime() == console.clock.now);
+    console.link.Clock().Set(console.clock.now + std::chrono::days(400));
+    console.link.Clock().Set(std::nullopt);
+    CHECK(console.link.Clock().Now() == console.clock.now);
 }
 
 TEST_CASE("showing the unit reads five things in order, then shows them without a handler acting")
@@ -265,7 +266,7 @@ TEST_CASE("an upload and an operation tell what the unit lacks once each, whatev
     console.link.RetryFunction(UnitOp::SetVol);
     CHECK(told == 4);
     {
-        const UnitLink::OneChange change(console.link);
+        const OneChange change(console.link);
         console.link.RetryFunction(UnitOp::SetVol);
         console.link.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::Unasked);
         CHECK(told == 4);

@@ -198,16 +198,16 @@ void Menus::mnuSys_Click()
 {
     if (!useSystemTime_) {
         useSystemTime_ = true;
-        desk_.link.SetConsoleClock(std::nullopt);
+        desk_.link.Clock().Set(std::nullopt);
         return;
     }
     if (!desk_.entries.CommitEntry())
         return;
-    FrmTime frmTime(desk_.link.ConsoleTime(), window_);
+    FrmTime frmTime(desk_.link.Clock().Now(), window_);
     if (frmTime.exec() != QDialog::Accepted)
         return;
     useSystemTime_ = false;
-    desk_.link.SetConsoleClock(frmTime.Chosen());
+    desk_.link.Clock().Set(frmTime.Chosen());
     desk_.link.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::Unasked);
 }
 

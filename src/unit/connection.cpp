@@ -1,0 +1,188 @@
+#include "unit/unitlink.h"
+
+#include "model/flagguard.h"
+#include "unit/messages.h"
+#include "unit/onechange.h"
+#include "unit/unitclock.h"
+#include "unit/versions.h"
+
+#include <utility>
+
+namespace kelvo {
+
+// The connection
+
+bool UnitLink::ConnectToUnit()
+{
+    if (unitOnline_ || InCall())
+        return false;
+    const OneChange change(*this);
+    const FlagGuard connecting(connecting_);
+    return OpenConnection();
+}
+
+bool UnitLink::OpenConnection()
+{
+    // Deliberate: an attempt that fails leaves this set; the next good connection clears it.
+    Updating = true;
+    SetPolling(false);
+    SetConnectStatus(LinkState::OffLine);
+    view_.EnableFrames(false);
+
+    ShowProgress(messages::Connecting, 0);
+    view_.ShowUnitVersion({});
+    if (!Answers(UnitOp::InitDLL))
+        return false;
+    ShowProgress(messages::ReadingVersion, 0);
+    if (!Answers(UnitOp::GetUnitVersion) || !AcceptVersion())
+        return false;
+
+    connectionAccepted_ = true;
+    view_.EnableFrames(true);
+    holds_ = UnitHolds{.Playing = holds_.Playing};
+    if (!ShowSettings(Source::Connection)) {
+        if (unitOnline_)
+            Refuse(messages::ConnectionErrorTitle, messages::UnableToConnect);
+        return false;
+    }
+    RetryFunction(UnitOp::StopStream);
+    ReturnToOperatorsFormat();
+
+    Updating = false;
+    SetPolling(true);
+    return true;
+}
+
+bool UnitLink::Answers(UnitOp op)
+{
+    const Status status = RetryFunction(op);
+    // Six times this while opening is no connection, but it was not reported and the link stayed open.
+    if (status == StreamNotLocked)
+        Refuse(messages::ConnectionErrorTitle, messages::UnableToConnect);
+    return status == Success;
+}
+
+void UnitLink::Refuse(std::string_view title, std::string_view text)
+{
+    ShowBox(LinkBox::Report, title, text);
+    DispErr(Success);
+}
+
+bool UnitLink::AcceptVersion()
+{
+    view_.ShowUnitVersion(VersionCaptions(version_));
+    if (!OutOfDate(version_))
+        return true;
+    Refuse(messages::OutOfDateTitle, messages::OutOfDate);
+    return false;
+}
+
+/// The stream ended with its link and nobody selected the operator's format.
+void UnitLink::ReturnToOperatorsFormat()
+{
+    const auto lost = std::exchange(lostStream_, std::nullopt);
+    if (!unitOnline_ || !lost || room_.CurrentFormat != lost->format || lost->format == lost->operatorsFormat)
+        return;
+    room_.CurrentFormat = lost->operatorsFormat;
+    Show(Changed::Of(Source::Poll, {field::Format}));
+    RetryFunction(UnitOp::SelectFormat);
+}
+
+// Upload and read-back
+
+void UnitLink::UploadToUnit(UploadSelector selector, UploadTrigger trigger, bool moved)
+{
+    const OneChange change(*this);
+    if (!MayUpload(trigger, moved))
+        return;
+    const LocalTime now = clock_.Now();
+    StampUnitClock(room_.Audio, now, clock_.IsPm(now));
+    if (selector == UploadSelector::Both || selector == UploadSelector::SystemOnly)
+        RetryFunction(UnitOp::SetSystem);
+    if (selector == UploadSelector::Both || selector == UploadSelector::AudioOnly)
+        RetryFunction(UnitOp::SetAudio);
+    view_.Show({Source::Upload});
+}
+
+bool UnitLink::MayUpload(UploadTrigger trigger, bool moved)
+{
+    if (!unitOnline_ || yielding_)
+        return false;
+    switch (PassageOf({trigger, options_.AutoUpload, Updating, moved, options_.ConfirmUpload})) {
+    case Passage::Closed:
+        return false;
+    case Passage::AskFirst:
+        return ShowBox(LinkBox::YesOrNo, messages::ConfirmUploadTitle, messages::ConfirmUpload);
+    case Passage::Open:
+        return true;
+    }
+    return false;
+}
+
+bool UnitLink::ShowSettings(Source source)
+{
+    const OneChange change(*this);
+    const bool read = ReadRecords();
+    for (const UnitOp live : {UnitOp::GetMute, UnitOp::GetVol, UnitOp::GetFormat})
+        RetryFunction(live);
+    if (read)
+        Show(Changed::Unit(source));
+    return read;
+}
+
+/// Both or none: half a unit's settings beside half a screen's are nobody's.
+bool UnitLink::ReadRecords()
+{
+    const AudioBlock audio = room_.Audio;
+    const SystemBlock system = room_.System;
+    const UnitHolds holds = holds_;
+    bool read = true;
+    for (const UnitOp record : {UnitOp::GetAudio, UnitOp::GetSystem}) {
+        const bool called = unitOnline_ && !yielding_;
+        read = RetryFunction(record) == Success && called && read;
+    }
+    if (!read) {
+        room_.Audio = audio;
+        room_.System = system;
+        holds_ = holds;
+    }
+    return read;
+}
+
+void UnitLink::Update()
+{
+    if (!InCall() && unitOnline_)
+        ShowSettings(Source::Update);
+}
+
+// Timers
+
+void UnitLink::SetPolling(bool on)
+{
+    polling_ = on;
+    view_.SetPolling(on);
+}
+
+void UnitLink::PollTick()
+{
+    if (InCall() || !unitOnline_)
+        return;
+    const OneChange change(*this);
+    const FlagGuard polling(pollActive_);
+    RetryFunction(UnitOp::GetFormat);
+    RetryFunction(UnitOp::GetMute);
+    RetryFunction(UnitOp::GetVol);
+}
+
+void UnitLink::RefreshTick(bool mayRead)
+{
+    if (InCall() || !unitOnline_ || !options_.AutoRefresh)
+        return;
+    ++refreshCounter_;
+    if (mayRead && refreshCounter_ >= options_.RefreshSeconds) {
+        Update();
+        refreshCounter_ = 0;
+    }
+}
+
+} // namespace kelvo
