@@ -71,6 +71,9 @@ class OpticalLossTest : public QObject {
         console.Click("cmdStart");
         console.IsIdleOffLine();
         QCOMPARE(console.Count("GetOptGain"), 0);
+        // The unit is in the stream's format, or it never came to that.
+        const bool tookFormat = operation != Operation::SetProjector && operation != Operation::SelectFormat;
+        QVERIFY(console.Find<QLabel>("lblSent")->text().startsWith(tookFormat ? "1 change" : "All sent"));
         // Nothing of the start follows the step that lost the link.
         const Calls calls = console.Calls();
         QVERIFY(calls[calls.size() - 2] == "ClearError");
