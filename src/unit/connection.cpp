@@ -130,23 +130,24 @@ bool UnitLink::ShowSettings(Source source)
     return read;
 }
 
-/// Both or none: half a unit's settings beside half a screen's are nobody's.
+/// Both or none: half a unit's settings beside half a screen's are nobody's. Until both are here the room
+/// stays as it is, and takes what is half typed when the link goes meanwhile.
 bool UnitLink::ReadRecords()
 {
-    const AudioBlock audio = room_.Audio;
-    const SystemBlock system = room_.System;
-    const UnitHolds holds = holds_;
+    pending_ = room_;
     bool read = true;
     for (const UnitOp record : {UnitOp::GetAudio, UnitOp::GetSystem}) {
         const bool called = unitOnline_ && !yielding_;
         read = RetryFunction(record) == Success && called && read;
     }
-    if (!read) {
-        room_.Audio = audio;
-        room_.System = system;
-        holds_ = holds;
-    }
-    return read;
+    const RoomSettings records = *std::exchange(pending_, std::nullopt);
+    if (!read)
+        return false;
+    room_.Audio = records.Audio;
+    room_.System = records.System;
+    holds_.TakeRecord(Place::Audio, room_);
+    holds_.TakeRecord(Place::System, room_);
+    return true;
 }
 
 void UnitLink::Update()

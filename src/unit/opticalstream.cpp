@@ -1,5 +1,7 @@
 #include "unit/opticalstream.h"
 
+#include "unit/onechange.h"
+
 #include <array>
 #include <utility>
 
@@ -18,7 +20,7 @@ constexpr std::array<UnitOp, MeasurementCount> BeginOf{UnitOp::BeginGainStream, 
 
 void OpticalStream::Toggle()
 {
-    const UnitLink::OneChange change(link_); // a start that fails takes the stream's format back
+    const OneChange change(link_); // a start that fails takes the stream's format back
     link_.RetryFunction(UnitOp::SetProjector, projector_);
     // A link lost in the call above has ended a running stream already, and without a link none starts.
     if (running_)

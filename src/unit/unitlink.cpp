@@ -171,15 +171,16 @@ Status UnitLink::ReadLive(Status (DeviceLibrary::*get)(Word &), FieldId live)
 /// a failed call has left there was never read.
 Status UnitLink::ReadRecord(Place record)
 {
-    const AudioBlock audio = room_.Audio;
-    const SystemBlock system = room_.System;
+    RoomSettings &into = pending_ ? *pending_ : room_;
+    const AudioBlock audio = into.Audio;
+    const SystemBlock system = into.System;
     const Status status =
-        record == Place::Audio ? library_.GetAudio(room_.Audio) : library_.GetSystem(room_.System);
-    if (status == Success) {
+        record == Place::Audio ? library_.GetAudio(into.Audio) : library_.GetSystem(into.System);
+    if (status != Success) {
+        into.Audio = audio;
+        into.System = system;
+    } else if (!pending_) {
         holds_.TakeRecord(record, room_);
-    } else {
-        room_.Audio = audio;
-        room_.System = system;
     }
     return status;
 }

@@ -102,11 +102,11 @@ class UnitLink {
     UploadClock clock_;
     UnitVersion version_;
     UnitHolds holds_;
+    std::optional<RoomSettings> pending_; ///< takes the records until both are read
     std::optional<Word> forcedFormat_;
     std::optional<LostStream> lostStream_;
-    std::string_view progress_; ///< the step of the connection attempt
-    int refreshCounter_ = 0;
-    int changes_ = 0; ///< how many `OneChange` are open
+    std::string_view progress_;            ///< the step of the connection attempt
+    int refreshCounter_ = 0, changes_ = 0; ///< seconds; how many `OneChange` are open
     LinkState lamp_ = LinkState::OffLine;
     bool unitOnline_ = false;
     bool unitBusy_ = false;   ///< a call that is not a status poll is in progress

@@ -37,6 +37,8 @@ class EqualiserPanelTest : public QObject {
     void explicitUploadSendsWhatTheTabShows();
     void readBackShowsTheUnitAndSendsNothing();
     void readBackWaitsForTheHand();
+    void levelHalfTypedOutlivesAReadBackThatLosesTheLink_data();
+    void levelHalfTypedOutlivesAReadBackThatLosesTheLink();
     void cableLostDuringADragIsOneMessageAndTheEditIsKept();
     void cableLostByAPollDuringADragIsOneMessage();
     void everyControlIsNamedForAScreenReader();
@@ -348,6 +350,28 @@ void EqualiserPanelTest::readBackWaitsForTheHand()
     QCOMPARE(console.Text("lblBand(1)"), "3.");
     console.Key(Qt::Key_Return);
     QCOMPARE(console.OfUnit(Left).Band[1], Byte(6));
+}
+
+void EqualiserPanelTest::levelHalfTypedOutlivesAReadBackThatLosesTheLink_data()
+{
+    QTest::addColumn<Operation>("failing");
+    for (const Operation failing : {Operation::GetAudio, Operation::GetSystem})
+        QTest::newRow(RowOf(failing).name) << failing;
+}
+
+void EqualiserPanelTest::levelHalfTypedOutlivesAReadBackThatLosesTheLink()
+{
+    QFETCH(Operation, failing);
+    EqualiserConsole console;
+    console.options.AutoRefresh = true;
+    console.TypeOnly("lblBand(1)", "3");
+    console.unit.FailNext(failing, 4, 6);
+    console.AnswerNextBox("Connection Error", QMessageBox::Ok);
+    console.Tick("tmrRefresh");
+    QCOMPARE(console.Text("lblBand(1)"), "3.0");
+    QCOMPARE(console.Slider("sclA", 1)->value(), 6);
+    QCOMPARE(console.Slice(Left).Band[1], Byte(6));
+    QVERIFY(console.file.SettingsChanged);
 }
 
 void EqualiserPanelTest::cableLostDuringADragIsOneMessageAndTheEditIsKept()
