@@ -1,0 +1,19 @@
+#pragma once
+
+#include "ui/walk/walker.h"
+
+#include <span>
+
+namespace kelvo {
+
+/// Something that must hold at rest. "" = it does.
+struct Check {
+    const char *name;
+    QString (*wrong)(const Walker &walker);
+};
+
+std::span<const Check> LevelChecks(); ///< faders, trims, equaliser, OBE
+std::span<const Check> PanelChecks(); ///< options, theatre, modes, mute, menus
+std::span<const Check> UnitChecks();  ///< lamp, timers, streams, test signals, what was sent, files
+
+} // namespace kelvo
