@@ -16,8 +16,7 @@ inline constexpr std::array<const char *, ChannelCount> ChannelTitle{
     "Left Channel",           "Left Surround Channel", "Center Channel",
     "Right Surround Channel", "Right Channel",         "Subwoofer Channel"};
 
-// The names of a single channel's stored equaliser (`ChannelSection`, `BandKey`, `SurroundBandKey`) and the
-// second channel numbering are part of the console's vocabulary, tested, but nothing here uses them yet.
+// The second channel numbering is part of the console's vocabulary, tested, but nothing here uses it yet.
 
 /// Section names of a single channel's stored equaliser.
 /// Deliberate: the surrounds put "Surround" before the side, unlike `ChannelTitle`.
