@@ -15,7 +15,7 @@ void Try(std::string_view bytes)
         Must(room == before, "a refused file changes nothing");
         return;
     }
-    Must(room.FaderLevel >= 0 && room.FaderLevel <= HighestFader, "a loaded fader can be sent");
+    Must(room.FaderLevel >= 0 && room.FaderLevel <= 99, "a loaded fader can be sent");
     Must(room.CurrentFormat >= 0 && room.CurrentFormat < FormatCount, "a loaded format can be sent");
     RoomSettings again = before;
     Must(ParseConfig(ComposeConfig(room), again), "what was loaded can be saved and loaded");
