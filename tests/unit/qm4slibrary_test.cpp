@@ -92,8 +92,8 @@ TEST_CASE("blocks go to the library and come back whole, every byte value includ
     SystemBlock systemRead{};
     CHECK(library.GetAudio(audioRead) == Success);
     CHECK(library.GetSystem(systemRead) == Success);
-    CHECK(std::ranges::equal(BytesOf(audioRead), BytesOf(audio)));
-    CHECK(std::ranges::equal(BytesOf(systemRead), BytesOf(system)));
+    CHECK(audioRead == audio);
+    CHECK(systemRead == system);
     const std::vector<std::string> calls = folders.Calls();
     REQUIRE(calls.size() == 4);
     CHECK(calls[0].starts_with("SetAudio 000102030405"));

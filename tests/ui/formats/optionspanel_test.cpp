@@ -7,8 +7,6 @@
 #include <QRadioButton>
 #include <QWheelEvent>
 
-#include <cstring>
-
 using namespace kelvo;
 
 namespace {
@@ -240,11 +238,11 @@ class OptionsPanelTest : public QObject {
         for (const char *list : {"cboNonsyncMode", "cboNonsyncTrim", "cboReaderDelay", "cboSurroundDelay"})
             QCOMPARE(console.List(list).currentIndex(), -1);
         console.Click("cmdUp(4)");
-        QCOMPARE(std::memcmp(&console.unit.system, &system, sizeof system), 0);
+        QVERIFY(console.unit.system == system);
         // A choice then changes its own byte alone.
         console.Click("optF1Key(1)");
         system.F1KeyMode = 1;
-        QCOMPARE(std::memcmp(&console.unit.system, &system, sizeof system), 0);
+        QVERIFY(console.unit.system == system);
     }
 
     void aReaderDelayWithAHighByteOf128OrMoreShowsNoChoice()

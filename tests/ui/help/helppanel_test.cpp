@@ -253,6 +253,7 @@ class HelpPanelTest : public QObject {
         rtf += QByteArray("x\\cell y\\cell\\row ").repeated(10'000);
         const Shown shown(rtf);
         QVERIFY(shown.Page()->toPlainText().startsWith("x\ny\nx\n"));
+        QVERIFY(!shown.Page()->document()->find("y").currentTable());
     }
 
     void textThatIsNoRtfAndBinaryIsShownAsFarAsItGoes()

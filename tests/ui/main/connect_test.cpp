@@ -350,6 +350,10 @@ void ConnectTest::theReReadWaitsForTheStream()
     console.Forget();
     console.Tick("tmrRefresh");
     QCOMPARE(console.Calls(), Calls());
+    console.Click("cmdStart"); // stop
+    console.Forget();
+    console.Tick("tmrRefresh");
+    QCOMPARE(console.Calls(), ReRead);
 }
 
 void ConnectTest::theTitleAfterAReReadIsTheUnits()
@@ -379,8 +383,18 @@ void ConnectTest::theSentLineFollowsEveryEdit()
     auto *lblSent = console.Find<QLabel>("lblSent");
     QCOMPARE(lblSent->text(), "All sent");
     console.Type("lblPNG(0)", "1");
+    QCOMPARE(lblSent->text(), "1 change not in the unit - F2");
     console.Type("lblPNG(1)", "2");
-    QVERIFY(lblSent->text().startsWith("2 changes not in the unit"));
+    QCOMPARE(lblSent->text(), "2 changes not in the unit - F2");
+    console.GoTo(Tab::Eq);
+    console.Type("lblBand(0)", "3");
+    QCOMPARE(lblSent->text(), "3 changes not in the unit - F2");
+    console.GoTo(Tab::Obe);
+    console.Type("lblOBE", "3");
+    QCOMPARE(lblSent->text(), "4 changes not in the unit - F2");
+    console.GoTo(Tab::Options);
+    console.Click("optF1Key(0)");
+    QCOMPARE(lblSent->text(), "5 changes not in the unit - F2");
     console.Key(Qt::Key_F2);
     QCOMPARE(lblSent->text(), "All sent");
 }

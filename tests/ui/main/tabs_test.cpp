@@ -140,11 +140,13 @@ void TabsTest::offLineTheQuestionSendsNothing()
 
 void TabsTest::enteringObeEnablesItOnLineOnly()
 {
-    ConsoleUnderTest onLine;
-    onLine.GoTo(Tab::Obe);
-    QCOMPARE(onLine.Calls(), Calls{"EnableOBE"});
-    onLine.GoTo(Tab::Options);
-    QCOMPARE(onLine.Calls(), Calls{"EnableOBE"});
+    for (const auto &[start, calls] : {std::pair(OnLine, Calls{"EnableOBE"}), std::pair(OffLine, Calls())}) {
+        ConsoleUnderTest console(start);
+        console.GoTo(Tab::Obe);
+        QCOMPARE(Strip(console)->currentIndex(), 3);
+        console.GoTo(Tab::Options);
+        QCOMPARE(console.Calls(), calls);
+    }
 }
 
 void TabsTest::enteringTheTheatreTabShowsTheTypedDateAgain()

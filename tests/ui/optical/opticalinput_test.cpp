@@ -18,6 +18,13 @@ namespace {
 constexpr QRgb White = qRgb(255, 255, 255);
 constexpr QRgb Blue = qRgb(0, 0, 255);
 
+bool IsBlank(const QImage &image)
+{
+    QImage blank(image.size(), image.format());
+    blank.fill(White);
+    return image == blank;
+}
+
 /// A unit whose readings are those that the test puts in.
 struct ScriptedUnit : SimulatedUnit {
     GainReading gain{};
@@ -204,7 +211,7 @@ class OpticalInputTest : public QObject {
                 console.unit.side = Word(byte(random) - 128);
                 console.Read();
                 if (reading % 40 == 0)
-                    QVERIFY(!console.Picture(measurement == 2 ? "optAzi" : "OptGraph").isNull());
+                    QVERIFY(!IsBlank(console.Picture(measurement == 2 ? "optAzi" : "OptGraph")));
             }
             QCOMPARE(console.Lock(), "Stream Lock");
             console.Stop();
@@ -307,12 +314,8 @@ class OpticalInputTest : public QObject {
         console.Start(2);
         console.ReadAzimuth(40, 80);
         console.Stop();
-        for (const char *box : {"OptGraph", "optAzi"}) {
-            const QImage image = console.Picture(box);
-            QImage blank(image.size(), image.format());
-            blank.fill(White);
-            QCOMPARE(image, blank);
-        }
+        for (const char *box : {"OptGraph", "optAzi"})
+            QVERIFY(IsBlank(console.Picture(box)));
     }
 };
 

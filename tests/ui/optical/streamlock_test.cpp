@@ -82,11 +82,11 @@ class StreamLockTest : public QObject {
         Optical console;
         console.Click("cmdStart");
         console.ReadUntilLocked();
-        console.Click(qPrintable(button));
+        console.Click(button);
         console.IsBlank();
         console.Tick("tmrOptical");
         console.IsNotLocked();
-        console.Click(qPrintable(button == "optOptical(2)" ? QString("optOptical(0)") : button));
+        console.Click(button == "optOptical(2)" ? "optOptical(0)" : button);
         console.IsBlank();
         console.ReadUntilLocked();
     }

@@ -5,8 +5,6 @@
 #include <QElapsedTimer>
 #include <QLabel>
 
-#include <algorithm>
-
 using namespace kelvo;
 
 namespace {
@@ -95,15 +93,14 @@ QString WrongAfterUpload(Walker &walker)
     const int before = walker.witness.callsOf[Operation::SetAudio];
     for (int tries = 0; tries < 24 && walker.witness.callsOf[Operation::SetAudio] == before; ++tries)
         console.Key(Qt::Key_F2);
-    const Truth holds = walker.Holds();
     if (!walker.OnLine() || console.Find<QLabel>("lblSent")->text() != "All sent")
         return "after the upload: " + console.Find<QLabel>("lblSent")->text();
-    return std::ranges::equal(BytesOf(holds.System()), BytesOf(walker.unit.system)) &&
-                   std::ranges::equal(BytesOf(holds.Audio()).subspan(4),
-                                      BytesOf(walker.unit.audio).subspan(4)) &&
-                   holds.Fader() == walker.unit.panel.level && holds.Format() == walker.unit.panel.format
-               ? ""
-               : "the unit holds something else after the upload";
+    RoomSettings inUnit = walker.Holds().Room();
+    inUnit.Audio = walker.unit.audio;
+    inUnit.System = walker.unit.system;
+    inUnit.FaderLevel = walker.unit.panel.level;
+    inUnit.CurrentFormat = walker.unit.panel.format;
+    return inUnit == walker.Holds().Room() ? "" : "the unit holds something else after the upload";
 }
 
 } // namespace
