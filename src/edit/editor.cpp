@@ -33,6 +33,7 @@ constexpr std::array<std::pair<FieldId, UnitOp>, 3> LiveSends{
 Edit Edit::Of(std::string name, std::vector<Change> changes)
 {
     std::vector<FieldId> fields;
+    fields.reserve(changes.size());
     for (const Change &change : changes)
         fields.push_back(change.field);
     return {std::move(name), std::move(fields), [changes = std::move(changes)](RoomSettings &room) {

@@ -72,7 +72,7 @@ class UnitLink {
     /// How many settings the unit does not hold; empty until it was read.
     std::optional<int> Differences() const;
 
-    void BeginChange() { ++changes_; } ///< for `OneChange`, as its end
+    void BeginChange() { ++changes_; } ///< for `OneChange` and a fader that is held
     void EndChange();
 
   private:

@@ -210,6 +210,7 @@ Edit EqualiserPanel::PasteChannelData() const
     const std::vector<FieldId> from = FieldsOf(copiedChannel_);
     const std::vector<FieldId> to = FieldsOf(currentChannel_);
     std::vector<Edit::Change> changes;
+    changes.reserve(to.size());
     for (std::size_t i = 0; i < to.size(); ++i)
         changes.push_back({to[i], std::min(Get(editor_.Room(), from[i]), FieldOf(to[i]).scale->last)});
     return Edit::Of(std::string("Paste ") + ChannelName[copiedChannel_] + " to " +

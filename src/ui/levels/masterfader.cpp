@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace kelvo {
 
@@ -136,6 +137,8 @@ bool MasterFader::FaderDialogActive() const
 void MasterFader::sclVol_Taken()
 {
     takenAt_ = editor_.Room().FaderLevel;
+    if (!std::exchange(held_, true))
+        link_.BeginChange();
     // A poll must not move the thumb under the hand. What somebody else stopped is left alone.
     if (link_.Polling()) {
         pausedPolling_ = true;
@@ -150,6 +153,8 @@ void MasterFader::sclVol_Dropped()
     const int level = editor_.Room().FaderLevel;
     if (level != takenAt_)
         editor_.Apply(Edit::One(field::Fader, level));
+    if (std::exchange(held_, false))
+        link_.EndChange();
 }
 
 void MasterFader::sclVol_Step(int positions)

@@ -67,6 +67,7 @@ class MasterFader : public QObject, public Panel {
     std::array<LevelField *, FieldCount> lblVol_{};
     FrmFader *frmFader_ = nullptr;
     Word takenAt_ = 0;
+    bool held_ = false; ///< a hold is one change, however far it goes
     bool pausedPolling_ = false;
 };
 

@@ -123,6 +123,7 @@ void OutputTrimPanel::cmdReset_Click()
     if (!entries_.CommitEntry())
         return;
     std::vector<Edit::Change> changes;
+    changes.reserve(ChannelCount);
     for (int channel = 0; channel < ChannelCount; ++channel)
         changes.push_back({field::Trim(channel), FieldOf(field::Trim(channel)).scale->flat});
     editor_.Apply(Edit::Of("Reset Trims", std::move(changes)));

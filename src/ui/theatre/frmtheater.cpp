@@ -53,6 +53,7 @@ FrmTheater::FrmTheater(Editor &editor, QWidget *parent) : QDialog(parent), edito
 void FrmTheater::cmdOK_Click()
 {
     std::vector<FieldId> fields;
+    fields.reserve(TheaterTextCount);
     for (int text = 0; text < TheaterTextCount; ++text)
         fields.push_back(field::Theater(text));
     editor_.Apply({.name = messages::TheaterTitle,

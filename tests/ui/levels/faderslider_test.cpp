@@ -1,5 +1,6 @@
-#include "model/flagguard.h"
 #include "support/ui/faderconsole.h"
+
+#include <QLabel>
 
 using namespace kelvo;
 
@@ -108,7 +109,10 @@ void FaderSliderTest::dragFollowsEverywherePausesThePollAndSendsOnce()
     QCOMPARE(console.Wrong("7.9", 20), QString());
     QVERIFY(!console.Find<QTimer>("tmrPoll")->isActive());
     QCOMPARE(console.Calls(), Calls{});
+    // A hold is one change: what the unit lacks is told at its end.
+    QCOMPARE(console.Find<QLabel>("lblSent")->text(), "All sent");
     console.Drop(console.Main());
+    QCOMPARE(console.Find<QLabel>("lblSent")->text(), "All sent");
     QVERIFY(console.Find<QTimer>("tmrPoll")->isActive());
     QCOMPARE(console.Calls(), Calls{"SetVol 79"});
 
