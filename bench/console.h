@@ -15,7 +15,11 @@ struct Console {
     Unit unit;
     SystemClock clock;
     RoomSettings room;
+    Preferences options;
+    FileState file;
     FrmMain window{room,
+                   options,
+                   file,
                    unit,
                    clock,
                    {.programDirectory = folder.path(),
