@@ -11,7 +11,7 @@ namespace {
 
 constexpr int ActsBetweenRests = 20;
 constexpr int ActsBetweenUploads = 400;
-constexpr int LongestAct = 20000; ///< milliseconds
+constexpr int LongestAct = 60000; ///< milliseconds
 
 /// Where a long walk must have been: windows, boxes by title, and states.
 constexpr std::array Stations{
@@ -115,6 +115,10 @@ QString WrongAfterUpload(Walker &walker)
 /// cause.
 class RandomWalkTest : public QObject {
     Q_OBJECT
+
+  public:
+    /// The toolkit ends a test function after five minutes unless it is told otherwise.
+    static void initMain() { qputenv("QTEST_FUNCTION_TIMEOUT", "7200000"); }
 
   private slots:
     void screenRecordAndUnitAgreeAtEveryRest();

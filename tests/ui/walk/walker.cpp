@@ -249,9 +249,10 @@ void Walker::NoteClock()
 
 void Walker::NoteWhatPlays()
 {
-    signalsKnown_ = signalsKnown_ && OnLine() && !witness.signalFailed;
-    streamKnown_ = streamKnown_ && OnLine() && !witness.streamFailed;
-    witness.signalFailed = witness.streamFailed = false;
+    const bool linkLasted = OnLine() && !witness.connected;
+    signalsKnown_ = signalsKnown_ && linkLasted && !witness.signalFailed;
+    streamKnown_ = streamKnown_ && linkLasted && !witness.streamFailed;
+    witness.connected = witness.signalFailed = witness.streamFailed = false;
     if (!signalsKnown_ && OnLine() && Quiet(unit.testSignals))
         signalsKnown_ = !ShowsSignal();
     if (!streamKnown_ && OnLine() && unit.stream == SimulatedUnit::Stream::None)

@@ -66,6 +66,7 @@ void Witness::NoteSuccess(const Call &call)
     switch (call.operation) {
     case Operation::GetUnitVersion: // asked for where a connection begins, and nowhere else
         Forget();
+        connected = true;
         break;
     case Operation::GetAudio:
         audio = RecordOf<AudioBlock>(call.bytesOut);

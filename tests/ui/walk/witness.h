@@ -21,6 +21,7 @@ class Witness : public CallObserver {
 
     int calls = 0; ///< all of them
     std::map<Operation, int> callsOf{};
+    bool connected = false;    ///< a connection has begun
     bool signalFailed = false; ///< a noise, a phase or RT60 could not be switched
     bool streamFailed = false; ///< a stream could not be begun or stopped, or what goes with it
     Operation lastFailed{};
