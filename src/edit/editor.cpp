@@ -3,6 +3,7 @@
 #include "model/flagguard.h"
 #include "unit/onechange.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -62,7 +63,8 @@ Editor::Editor(RoomSettings &room, FileState &file, UnitLink &link, std::functio
 
 void Editor::Apply(const Edit &edit, Send send)
 {
-    if (link_.Updating)
+    const auto isLive = [](FieldId field) { return FieldOf(field).place == Place::Live; };
+    if (link_.Updating && !std::ranges::all_of(edit.fields, isLive))
         return;
     const OneChange change(link_);
     const TheaterTexts texts = room_.TheaterInfo;

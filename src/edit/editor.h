@@ -42,7 +42,7 @@ class Editor {
     Editor(RoomSettings &room, FileState &file, UnitLink &link, std::function<void(const Changed &)> show);
 
     /// The model first, then every place that shows it, then the unit; a live value is no change that a file
-    /// misses. While the program itself sets controls nothing is done.
+    /// misses. While the program itself sets controls nothing but a live value is taken.
     void Apply(const Edit &edit, Send send = Send::AfterEdit);
 
     /// Takes settings that were read or reset: they are shown and never sent.

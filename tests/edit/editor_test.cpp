@@ -96,7 +96,7 @@ TEST_CASE("an edit without automatic upload stays in the console")
     CHECK(console.file.SettingsChanged);
 }
 
-TEST_CASE("while the program itself sets controls nothing is edited")
+TEST_CASE("while the program itself sets controls no setting is edited, and a live value is taken")
 {
     EditorUnderTest console;
     const RoomSettings before = console.room;
@@ -105,6 +105,11 @@ TEST_CASE("while the program itself sets controls nothing is edited")
     CHECK(console.room == before);
     CHECK(console.Happened().empty());
     CHECK_FALSE(console.file.SettingsChanged);
+
+    // As after a connection that failed: the fader is set to 7.0 all the same.
+    console.editor.Apply(Edit::One(field::Fader, 70), Send::Later);
+    CHECK(console.room.FaderLevel == 70);
+    CHECK(console.Happened() == Trace{"show"});
 }
 
 TEST_CASE("texts are a change only when one differs, and are never sent")

@@ -159,6 +159,8 @@ void MasterFader::sclVol_Dropped()
 
 void MasterFader::sclVol_Step(int positions)
 {
+    if (link_.Updating)
+        return;
     const int level = std::clamp(editor_.Room().FaderLevel - positions, 0, FieldOf(field::Fader).scale->last);
     editor_.Apply(Edit::One(field::Fader, level), Send::Later);
 }
@@ -166,14 +168,15 @@ void MasterFader::sclVol_Step(int positions)
 /// A slider that moved although nothing may be edited goes back.
 void MasterFader::sclVol_Moved(const LevelSlider &slider)
 {
-    editor_.Apply(Edit::One(field::Fader, FaderRule.StepsAt(slider.value())), Send::Later);
+    if (!link_.Updating)
+        editor_.Apply(Edit::One(field::Fader, FaderRule.StepsAt(slider.value())), Send::Later);
     ReflectVolumeLevel();
 }
 
 void MasterFader::sclVol_Placed(const LevelSlider &slider)
 {
     const bool ofDialog = &slider != sclVol_;
-    if (ofDialog == FaderDialogActive())
+    if (ofDialog == FaderDialogActive() && !link_.Updating)
         SetLevel(FaderRule.StepsAt(slider.value()));
     ReflectVolumeLevel();
 }
@@ -183,7 +186,7 @@ void MasterFader::SetLevel(int level)
 {
     const bool news =
         level != editor_.Room().FaderLevel || link_.Holds().LiveOr(field::Fader, Word(level)) != level;
-    editor_.Apply(Edit::One(field::Fader, level), news ? Send::AfterEdit : Send::Later);
+    editor_.Apply(Edit::One(field::Fader, level), news && !link_.Updating ? Send::AfterEdit : Send::Later);
 }
 
 } // namespace kelvo
