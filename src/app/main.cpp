@@ -15,6 +15,8 @@
 #include <QLockFile>
 #include <QScreen>
 #include <QSessionManager>
+#include <QSettings>
+#include <QStandardPaths>
 
 #include <cstdio>
 #include <exception>
@@ -76,18 +78,22 @@ int Run(int argc, char **argv, const CommandLine &line)
     const bool libraryMissing = !line.simulate && !maker.TryLoad();
 
     QLockFile lock(QDir(programDirectory).filePath("kelvo-console.lock"));
-    const Places places{.programDirectory = programDirectory,
-                        .helpFile = HelpFile(programDirectory),
-                        .ownsFiles = OwnsFiles(lock),
-                        .missingLibrary =
-                            libraryMissing ? QString::fromStdString(maker.Problem()) : QString(),
-                        .screenHeight = QGuiApplication::primaryScreen()->geometry().height(),
-                        .serialIniMissing = SerialIniMissing,
-                        .report = [&log](const QString &text) {
-                            Print(stderr, text + "\n");
-                            if (log)
-                                log->Note(text.toStdString());
-                        }};
+    const Places places{
+        .programDirectory = programDirectory,
+        .dataFolder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation),
+        .memoryFile =
+            QSettings(QSettings::IniFormat, QSettings::UserScope, "kelvo", QApplication::applicationName())
+                .fileName(),
+        .helpFile = HelpFile(programDirectory),
+        .ownsFiles = OwnsFiles(lock),
+        .missingLibrary = libraryMissing ? QString::fromStdString(maker.Problem()) : QString(),
+        .screenHeight = QGuiApplication::primaryScreen()->geometry().height(),
+        .serialIniMissing = SerialIniMissing,
+        .report = [&log](const QString &text) {
+            Print(stderr, text + "\n");
+            if (log)
+                log->Note(text.toStdString());
+        }};
 
     SystemClock clock;
     RoomSettings room;

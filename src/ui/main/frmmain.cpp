@@ -33,6 +33,7 @@ FrmMain::FrmMain(RoomSettings &room, Preferences &options, FileState &file, Devi
       library_(library),
       clock_(clock),
       places_(std::move(places)),
+      memory_(places_.memoryFile, QSettings::IniFormat),
       link_(room, options, library, *this, clock),
       editor_(room, file, link_, [this](const Changed &changed) { Show(changed); }),
       panels_(editor_, link_, entries_,

@@ -13,6 +13,7 @@
 #include "unit/linkview.h"
 
 #include <QMainWindow>
+#include <QSettings>
 #include <QTimer>
 
 #include <memory>
@@ -72,6 +73,7 @@ class FrmMain final : public QMainWindow, private LinkView {
     DeviceLibrary &library_;
     WallClock &clock_;
     Places places_;
+    QSettings memory_; ///< what windows remember
     UnitLink link_;
     Editor editor_;
     EntryWindow entries_;

@@ -31,10 +31,12 @@ Menus::Menus(QMainWindow *window, const Desk &desk) : QObject(window), window_(w
 {
     BuildFile(window->menuBar());
     BuildOptions(window->menuBar());
+    mnuEdit_ = Submenu(window->menuBar(), "mnuEdit", "E&dit");
+    mnuTools_ = Submenu(window->menuBar(), "mnuTools", "Too&ls");
     ReflectMarks();
 }
 
-QAction *Menus::Item(QMenu *menu, const char *name, const char *caption, std::function<void()> handler)
+QAction *Menus::Item(QMenu *menu, const char *name, const QString &caption, std::function<void()> handler)
 {
     QAction *action = Named(menu->addAction(caption), name);
     connect(action, &QAction::triggered, this, [this, handler = std::move(handler)] {
@@ -146,7 +148,7 @@ void Menus::ShowPreferences()
 
 void Menus::Enable(bool enable)
 {
-    for (QMenu *menu : {mnuFile_, mnuOpt_, mnuSimulator_})
+    for (QMenu *menu : {mnuFile_, mnuOpt_, mnuEdit_, mnuTools_, mnuSimulator_})
         if (menu)
             menu->setEnabled(enable);
 }

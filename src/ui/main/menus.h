@@ -35,6 +35,11 @@ class Menus : public QObject {
 
     Menus(QMainWindow *window, const Desk &desk);
 
+    QMenu *Edit() const { return mnuEdit_; }
+    QMenu *Tools() const { return mnuTools_; }
+    /// An item whose handler runs unless the console is busy; marks follow it.
+    QAction *Item(QMenu *menu, const char *name, const QString &caption, std::function<void()> handler);
+
     /// Adds the menu "Simulated Unit", which opens the knobs of a unit that exists in memory alone.
     void AddSimulator(SimulatedUnit &unit);
     /// The preferences have been read: marks and enabled items follow them.
@@ -47,7 +52,6 @@ class Menus : public QObject {
     FrmRef *OpenRefresh() const { return frmRef_.get(); }
 
   private:
-    QAction *Item(QMenu *menu, const char *name, const char *caption, std::function<void()> handler);
     QAction *Marked(QAction *action, std::function<bool()> checked);
     void ReflectMarks();
     void BuildFile(QMenuBar *bar);
@@ -65,6 +69,8 @@ class Menus : public QObject {
     std::unique_ptr<FrmRef> frmRef_;
     QMenu *mnuFile_ = nullptr;
     QMenu *mnuOpt_ = nullptr;
+    QMenu *mnuEdit_ = nullptr; ///< filled by those whose commands stand in it, as `mnuTools_` is
+    QMenu *mnuTools_ = nullptr;
     QMenu *mnuBaud_ = nullptr;
     QMenu *mnuSimulator_ = nullptr; ///< only with the simulated unit
     QAction *mnuRef_ = nullptr;

@@ -9,12 +9,14 @@ namespace kelvo {
 
 /// Where this run keeps and finds things, and what it was told about its surroundings.
 struct Places {
-    QString programDirectory{};               ///< of `settings.dat` and "temp.qm4"
-    QString helpFile{};                       ///< "Zentra-HELP.rtf" with its folder
-    bool ownsFiles = true;                    ///< no other console runs on the program directory
-    QString missingLibrary{};                 ///< why the device library could not be loaded; "" = it was
-    int screenHeight = 768;                   ///< of the screen, in pixels that do not depend on its scale
-    std::function<bool()> serialIniMissing{}; ///< the library's serial settings file does not exist yet
+    QString programDirectory{}; ///< of `settings.dat` and "temp.qm4"
+    QString dataFolder{};       ///< the user's own data: journals; "" = none are kept
+    QString memoryFile{};       ///< what windows remember, beside the settings of `settings.dat`
+    QString helpFile{};         ///< "Zentra-HELP.rtf" with its folder
+    bool ownsFiles = true;      ///< no other console runs on the program directory
+    QString missingLibrary{};   ///< why the device library could not be loaded; "" = it was
+    int screenHeight = 768;     ///< of the screen, in pixels that do not depend on its scale
+    std::function<bool()> serialIniMissing{};      ///< the library's serial settings file does not exist yet
     std::function<void(const QString &)> report{}; ///< takes a line for standard error and the log
 
     QString PreferencesFile() const { return QDir(programDirectory).filePath("settings.dat"); }

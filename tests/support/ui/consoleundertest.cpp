@@ -27,6 +27,8 @@ ConsoleUnderTest::ConsoleUnderTest(DeviceLibrary *library, ConsoleStart start, T
 {
     ApplyLook();
     places = {.programDirectory = folder_.path(),
+              .dataFolder = folder_.filePath("data"),
+              .memoryFile = folder_.filePath("windows.conf"),
               .helpFile = File("Zentra-HELP.rtf"),
               .missingLibrary = {},
               .serialIniMissing = [] { return false; },
