@@ -31,7 +31,7 @@ allow edit unit files model
 allow rtf
 allow ui/controls edit unit model
 allow ui/picture $below
-rooms="ui/equaliser ui/levels ui/formats ui/optical ui/theatre ui/help ui/simulator"
+rooms="ui/equaliser ui/levels ui/formats ui/optical ui/theatre ui/help ui/simulator ui/compare"
 for room in $rooms; do
     allow $room $below ui/picture
 done

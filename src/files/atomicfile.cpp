@@ -1,5 +1,7 @@
 #include "files/atomicfile.h"
 
+#include "files/filework.h"
+
 #include <algorithm>
 #include <span>
 #include <utility>
@@ -7,39 +9,6 @@
 namespace kelvo {
 
 namespace {
-
-/// A signal may interrupt a call before it did anything; then it is simply made again.
-template <typename Call>
-std::error_code Again(Call call)
-{
-    std::error_code error;
-    do
-        error = call();
-    while (error == std::errc::interrupted);
-    return error;
-}
-
-/// Closes what it holds at the end of its scope, unless `Close` did before.
-class OpenFile {
-  public:
-    explicit OpenFile(const FileCalls &calls) : calls_(calls) {}
-    ~OpenFile() { static_cast<void>(Close()); }
-    OpenFile(const OpenFile &) = delete;
-    OpenFile &operator=(const OpenFile &) = delete;
-
-    FileHandle handle = NoFile;
-
-    /// An interrupted close has closed all the same, and a second one might hit somebody else's file.
-    std::error_code Close()
-    {
-        const std::error_code error =
-            handle == NoFile ? std::error_code() : calls_.Close(std::exchange(handle, NoFile));
-        return error == std::errc::interrupted ? std::error_code() : error;
-    }
-
-  private:
-    const FileCalls &calls_;
-};
 
 std::error_code CreateBeside(const std::string &path, std::string &temporary, OpenFile &file,
                              const FileCalls &calls)
@@ -53,19 +22,6 @@ std::error_code CreateBeside(const std::string &path, std::string &temporary, Op
             break;
     }
     return error;
-}
-
-std::error_code WriteAll(FileHandle file, std::string_view bytes, const FileCalls &calls)
-{
-    while (!bytes.empty()) {
-        std::size_t written = 0;
-        if (const std::error_code error = Again([&] { return calls.Write(file, bytes, written); }))
-            return error;
-        if (written == 0)
-            return std::make_error_code(std::errc::io_error);
-        bytes.remove_prefix(written);
-    }
-    return {};
 }
 
 /// The mode comes first, so that what only its owner may read is never readable by others.

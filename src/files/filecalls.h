@@ -34,6 +34,8 @@ class FileCalls {
     [[nodiscard]] virtual std::error_code OpenFolder(const std::string &path, FileHandle &folder) const;
     /// A new file for writing; an error when something stands there.
     [[nodiscard]] virtual std::error_code Create(const std::string &path, FileHandle &file) const;
+    /// This process owns the open file until it is closed; an error when another one does.
+    [[nodiscard]] virtual std::error_code Lock(FileHandle file) const;
     [[nodiscard]] virtual std::error_code SetMode(FileHandle file, FileMode mode) const;
     /// May write less than `bytes`: `written` tells.
     [[nodiscard]] virtual std::error_code Write(FileHandle file, std::string_view bytes,

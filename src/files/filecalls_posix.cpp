@@ -5,6 +5,7 @@
 #include <climits>
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -82,6 +83,11 @@ std::error_code FileCalls::Create(const std::string &path, FileHandle &file) con
     constexpr mode_t ReadableAndWritable = 0666; // less what the user's mask takes away
     file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, ReadableAndWritable);
     return Answer(int(file));
+}
+
+std::error_code FileCalls::Lock(FileHandle file) const
+{
+    return Answer(flock(int(file), LOCK_EX | LOCK_NB));
 }
 
 std::error_code FileCalls::SetMode(FileHandle file, FileMode mode) const

@@ -89,6 +89,11 @@ std::error_code FileCalls::Create(const std::string &path, FileHandle &file) con
     return Open(SystemPath(path), GENERIC_WRITE, 0, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, file);
 }
 
+std::error_code FileCalls::Lock(FileHandle) const
+{
+    return {}; // a file that was created here is shared with nobody until it is closed
+}
+
 std::error_code FileCalls::SetMode(FileHandle, FileMode) const
 {
     return {}; // access is a matter of the folder here, and a new file has it from there

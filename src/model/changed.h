@@ -12,10 +12,12 @@ enum class Source {
     Edit,       ///< the user's own act
     Upload,     ///< the unit's clock was stamped
     Poll,       ///< the unit's panel, or a call that found another value there
-    Update,     ///< the unit was read again
+    Update,     ///< the unit was read again, as the user asked
+    Reread,     ///< the unit was read again, as it is at intervals
     Connection, ///< a connection was accepted and the unit read
     File,       ///< a settings file
     Reset,      ///< the factory defaults
+    Revert,     ///< the unit's settings as the run found them
 };
 
 /// Which settings have new values, and from where: what a screen needs to follow.

@@ -39,7 +39,7 @@ bool UnitLink::OpenConnection()
 
     connectionAccepted_ = true;
     view_.EnableFrames(true);
-    holds_ = UnitHolds{.Playing = holds_.Playing};
+    holds_ = holds_.Anew();
     if (!ShowSettings(Source::Connection)) {
         if (unitOnline_)
             Refuse(messages::ConnectionErrorTitle, messages::UnableToConnect);
@@ -122,7 +122,12 @@ bool UnitLink::MayUpload(UploadTrigger trigger, bool moved)
 bool UnitLink::ShowSettings(Source source)
 {
     const OneChange change(*this);
+    const RoomSettings screen = room_;
+    const RoomSettings held = holds_.Room;
     const bool read = ReadRecords();
+    // What nobody asked for takes nothing away.
+    if (read && source == Source::Reread)
+        KeepUnsent(screen, held, room_);
     for (const UnitOp live : {UnitOp::GetMute, UnitOp::GetVol, UnitOp::GetFormat})
         RetryFunction(live);
     if (read)
@@ -150,10 +155,10 @@ bool UnitLink::ReadRecords()
     return true;
 }
 
-void UnitLink::Update()
+void UnitLink::Update(Source source)
 {
     if (!InCall() && unitOnline_)
-        ShowSettings(Source::Update);
+        ShowSettings(source);
 }
 
 // Timers
@@ -181,7 +186,7 @@ void UnitLink::RefreshTick(bool mayRead)
         return;
     ++refreshCounter_;
     if (mayRead && refreshCounter_ >= options_.RefreshSeconds) {
-        Update();
+        Update(Source::Reread);
         refreshCounter_ = 0;
     }
 }

@@ -27,6 +27,23 @@ Word UnitHolds::LiveOr(FieldId live, Word otherwise) const
     return Knows(live) ? Word(Get(Room, live)) : otherwise;
 }
 
+bool UnitHolds::FoundOther() const
+{
+    return Before && std::ranges::any_of(Compare(*Before, Room), [](const Difference &difference) {
+               const Place place = FieldOf(difference.field).place;
+               return place == Place::Audio || place == Place::System;
+           });
+}
+
+void KeepUnsent(const RoomSettings &screen, const RoomSettings &held, RoomSettings &room)
+{
+    ForEachField([&](FieldId id, const Field &field) {
+        const bool inRecord = field.place == Place::Audio || field.place == Place::System;
+        if (inRecord && Get(screen, id) != Get(held, id))
+            Set(room, id, Get(screen, id));
+    });
+}
+
 std::optional<int> CountDifferences(const RoomSettings &room, const UnitHolds &holds)
 {
     if (!holds.KnowsRecords())

@@ -10,15 +10,21 @@ namespace kelvo {
 
 /// What the unit last took or told.
 struct UnitHolds {
-    RoomSettings Room{};             ///< as far as it is known
-    std::bitset<FieldCount> Known{}; ///< by `FieldId`
-    TestSignals Playing{};           ///< what the unit was last told to play
+    RoomSettings Room{};                  ///< as far as it is known
+    std::bitset<FieldCount> Known{};      ///< by `FieldId`
+    TestSignals Playing{};                ///< what the unit was last told to play
+    std::optional<RoomSettings> Before{}; ///< what it held when the connection before this one was lost
 
     void TakeRecord(Place record, const RoomSettings &from);
     void TakeLive(FieldId live, Word value);
     /// What the unit holds of a live value, or the other value while that is not known.
     Word LiveOr(FieldId live, Word otherwise) const;
     bool Knows(FieldId id) const { return Known.test(std::size_t(id)); }
+    /// The unit of this connection holds other settings than that of the one before: it is another one, or
+    /// somebody changed it. Asked before anything is sent.
+    bool FoundOther() const;
+    /// Nothing is known of the unit that is connected now, but what was.
+    UnitHolds Anew() const { return {.Playing = Playing, .Before = KnowsRecords() ? Room : Before}; }
     bool KnowsRecords() const { return Knows(field::Trim(Left)) && Knows(field::F1KeyMode); }
 };
 
@@ -27,6 +33,9 @@ struct LostStream {
     Word format;          ///< the unit is still in it, unless somebody changed it at its panel
     Word operatorsFormat; ///< what is to be selected
 };
+
+/// `room` gets back each setting of the records that stood on the `screen` and was not what the unit `held`.
+void KeepUnsent(const RoomSettings &screen, const RoomSettings &held, RoomSettings &room);
 
 /// How many settings differ from what the unit holds; empty until both its records are known.
 std::optional<int> CountDifferences(const RoomSettings &room, const UnitHolds &holds);

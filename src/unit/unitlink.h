@@ -49,7 +49,7 @@ class UnitLink {
     /// Reads both records, mute, fader and format, and shows them. False when a record could not be read:
     /// both then stay as they were, here and in what the unit is known to hold.
     bool ShowSettings(Source source);
-    void Update(); ///< the "Update" command
+    void Update(Source source = Source::Update); ///< the "Update" command
 
     /// Ticks of `tmrPoll` and `tmrRefresh`; the caller keeps them away while a box is open.
     void PollTick();

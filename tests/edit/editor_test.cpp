@@ -8,7 +8,8 @@ namespace {
 /// An editor over a connected link; what it shows stands in the trace as well.
 struct EditorUnderTest : ConnectedLink {
     FileState file;
-    Editor editor{room, file, link, [this](const Changed &changed) {
+    Journal journal{{}, [](const std::string &) {}};
+    Editor editor{room, file, link, clock, journal, [this](const Changed &changed) {
                       shown = changed;
                       trace.push_back("show");
                   }};
@@ -135,11 +136,12 @@ TEST_CASE("what was read is adopted: shown whole, with handlers still, and never
     other.Audio.ObeLevel = 1;
     other.FaderLevel = 12;
     bool updating = false;
-    Editor editor(console.room, console.file, console.link, [&](const Changed &changed) {
-        updating = console.link.Updating;
-        CHECK(changed.source == Source::File);
-        CHECK(changed.fields.all());
-    });
+    Editor editor(console.room, console.file, console.link, console.clock, console.journal,
+                  [&](const Changed &changed) {
+                      updating = console.link.Updating;
+                      CHECK(changed.source == Source::File);
+                      CHECK(changed.fields.all());
+                  });
     editor.Adopt(other, Source::File);
     CHECK(console.room == other);
     CHECK(updating);

@@ -43,6 +43,10 @@ class FaultyCalls : public FileCalls {
     {
         return Around("Create", [&] { return FileCalls::Create(path, file); });
     }
+    std::error_code Lock(FileHandle file) const override
+    {
+        return Around("Lock", [&] { return FileCalls::Lock(file); });
+    }
     std::error_code SetMode(FileHandle file, FileMode mode) const override
     {
         return Around("SetMode", [&] { return FileCalls::SetMode(file, mode); });

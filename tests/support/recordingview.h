@@ -20,6 +20,7 @@ class RecordingView : public LinkView {
     std::function<void()> duringBox = [] {};      ///< what it does while a box is open
     std::function<void()> onOffLine = [] {};
     std::function<void()> onShowSent = [] {};
+    std::function<void(const Changed &)> follow = [](const Changed &) {};
     Changed lastChanged{Source::Edit};
 
     void ShowConnectStatus(LinkState state) override
@@ -52,8 +53,9 @@ class RecordingView : public LinkView {
 
     void Show(const Changed &changed) override
     {
-        constexpr std::array Sources{"show edit",       "show date", "reflect",   "show update",
-                                     "show connection", "show file", "show reset"};
+        constexpr std::array Sources{"show edit",   "show date",    "reflect",
+                                     "show update", "show re-read", "show connection",
+                                     "show file",   "show reset",   "show revert"};
         std::string line = Sources[std::size_t(changed.source)];
         if (changed.source == Source::Poll)
             ForEachField([&](FieldId id, const Field &field) {
@@ -61,6 +63,7 @@ class RecordingView : public LinkView {
                     line += std::string(" ") + field.name;
             });
         lastChanged = changed;
+        follow(changed);
         Write(changed.source == Source::Upload || link->Updating ? line : line + " (handlers act)");
     }
     void ShowSent() override { onShowSent(); }

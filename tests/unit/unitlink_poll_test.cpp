@@ -4,7 +4,7 @@ using namespace kelvo;
 
 namespace {
 
-const Trace ReadBack{"GetAudio", "GetSystem", "GetMute", "GetVol", "GetFormat", "show update"};
+const Trace ReadBack{"GetAudio", "GetSystem", "GetMute", "GetVol", "GetFormat", "show re-read"};
 
 } // namespace
 
@@ -146,7 +146,53 @@ TEST_CASE("Update reads the unit, shows the channel and puts the unit into the t
 {
     ConnectedLink console;
     console.link.Update();
+    CHECK(console.Happened() ==
+          Trace{"GetAudio", "GetSystem", "GetMute", "GetVol", "GetFormat", "show update"});
+}
+
+TEST_CASE("an automatic re-read takes nothing away: what was not in the unit stands as before")
+{
+    ConnectedLink console;
+    console.options = {.AutoRefresh = true, .RefreshSeconds = 1};
+    const RoomSettings unsent = [&] {
+        RoomSettings room = console.room;
+        Set(room, field::Band(Center, 14), 3);
+        Set(room, field::ReaderDelay, 390);
+        Set(room, field::Kept(4), 77); // stands in a file that was opened, and has no control
+        return room;
+    }();
+    console.room = unsent;
+    console.unit.audio.ObeLevel = 5; // changed at the unit meanwhile
+    console.link.RefreshTick(true);
     CHECK(console.Happened() == ReadBack);
+    RoomSettings expected = unsent;
+    expected.Audio.ObeLevel = 5;
+    CHECK(Compare(console.room, expected).empty());
+    CHECK(Get(console.room, field::Kept(4)) == 77);
+    CHECK(console.link.Differences() == 2);
+}
+
+TEST_CASE("a level that went away and came back is no edit that a re-read may take: the unit holds the first")
+{
+    ConnectedLink console;
+    console.options = {.AutoUpload = true, .AutoRefresh = true, .RefreshSeconds = 1};
+    const int before = Get(console.room, field::Trim(Left));
+    Set(console.room, field::Trim(Left), before + 4);
+    console.link.UploadToUnit(UploadSelector::AudioOnly, UploadTrigger::AfterEdit);
+    Set(console.room, field::Trim(Left), before); // back where it had the focus: not sent
+    console.link.RefreshTick(true);
+    CHECK(Get(console.room, field::Trim(Left)) == before);
+    CHECK(console.link.Differences() == 1);
+}
+
+TEST_CASE("Update and a connection replace what was not in the unit")
+{
+    ConnectedLink console;
+    const int before = Get(console.room, field::ObeLevel);
+    Set(console.room, field::ObeLevel, before + 1);
+    console.link.Update();
+    CHECK(Get(console.room, field::ObeLevel) == before);
+    CHECK(console.link.Differences() == 0);
 }
 
 TEST_CASE("Update off line does nothing")

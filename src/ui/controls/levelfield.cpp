@@ -86,6 +86,19 @@ void LevelField::Refuse()
     selectAll();
 }
 
+/// Undo and redo belong to a text that is being typed; once it is taken they belong to the settings.
+bool LevelField::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->modifiers() == Qt::ControlModifier && (key->key() == Qt::Key_Z || key->key() == Qt::Key_Y)) {
+            event->setAccepted(IsPending());
+            return true;
+        }
+    }
+    return QLineEdit::event(event);
+}
+
 void LevelField::keyPressEvent(QKeyEvent *event)
 {
     switch (event->key()) {
@@ -99,6 +112,12 @@ void LevelField::keyPressEvent(QKeyEvent *event)
         Validate();
         setFocus();
         break;
+    case Qt::Key_Y:
+        if (event->modifiers() == Qt::ControlModifier) {
+            redo(); // the toolkit's own key for it is another one on some systems
+            break;
+        }
+        [[fallthrough]];
     default:
         QLineEdit::keyPressEvent(event);
     }

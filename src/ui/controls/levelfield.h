@@ -38,6 +38,7 @@ class LevelField : public QLineEdit {
     QSize minimumSizeHint() const override;
 
   protected:
+    bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;

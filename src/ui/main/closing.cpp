@@ -74,8 +74,8 @@ bool Closing::Form_Unload()
         DropEntries();
     // A session that ends waits for the one answer that work depends on, and for no other.
     const bool mayRevert = mayAsk_ && !sessionEnds_ && desk_.snapshot.Taken() && desk_.link.UnitOnline();
-    if (mayRevert && Ask(window_, messages::Revert))
-        RevertToSnapshot();
+    if (mayRevert)
+        originals_ = Ask(window_, messages::Revert) && !RevertToSnapshot();
     TidyUp();
     return true;
 }
@@ -95,11 +95,13 @@ bool Closing::SaveQuestionAnswered()
     return false;
 }
 
-void Closing::RevertToSnapshot()
+bool Closing::RevertToSnapshot()
 {
     desk_.stream.StopIfRunning(); // whose unit must not be asked to change its mute
-    if (desk_.files.OpenFile(desk_.snapshot.Path()))
-        desk_.link.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit);
+    if (!desk_.files.Revert(desk_.snapshot.Path()))
+        return false;
+    desk_.link.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit);
+    return desk_.link.UnitOnline() && desk_.link.Differences() == 0;
 }
 
 void Closing::TidyUp()
@@ -107,7 +109,15 @@ void Closing::TidyUp()
     if (left_)
         return;
     left_ = true;
-    desk_.snapshot.Remove();
+    if (originals_)
+        desk_.snapshot.Keep();
+    else
+        desk_.snapshot.Remove();
+    // Work that nobody was asked about comes back with the next start.
+    if (mayAsk_ || !desk_.file.SettingsChanged) {
+        desk_.journal.Remove();
+        desk_.recovery.Tidy();
+    }
     if (desk_.places.ownsFiles)
         WritePreferencesFile();
     if (!desk_.link.InCall())

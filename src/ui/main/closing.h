@@ -4,6 +4,7 @@
 #include "ui/main/filecommands.h"
 #include "ui/main/menus.h"
 #include "ui/main/places.h"
+#include "ui/main/recovery.h"
 #include "ui/main/snapshot.h"
 
 #include <QMainWindow>
@@ -24,6 +25,8 @@ class Closing : public QObject {
         EntryWindow &entries;
         FileCommands &files;
         Snapshot &snapshot;
+        Journal &journal;
+        Recovery &recovery;
         const Menus &menus;
         const Places &places;
     };
@@ -50,7 +53,8 @@ class Closing : public QObject {
   private:
     bool Form_Unload();
     bool SaveQuestionAnswered();
-    void RevertToSnapshot();
+    /// False when the unit does not hold its former settings afterwards.
+    bool RevertToSnapshot();
     void TidyUp();
     void WritePreferencesFile();
 
@@ -60,6 +64,7 @@ class Closing : public QObject {
     bool requested_ = false; ///< a close came during a device call
     bool mayAsk_ = true;
     bool sessionEnds_ = false; ///< the close is asked for by the log-off
+    bool originals_ = true;    ///< the unit's former settings may still be wanted
     bool left_ = false;        ///< the files are tidied and the unit is let go
 };
 

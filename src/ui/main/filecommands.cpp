@@ -69,9 +69,10 @@ void FileCommands::mnuNew_Click()
     room.TheaterInfo = {};
     editor_.Adopt(std::move(room), Source::Reset);
     emit Reset();
-    emit Named(messages::Untitled);
+    ShowName(messages::Untitled);
     file_.FileLoaded = false;
     file_.SettingsChanged = false;
+    file_.UnitRead = false;
     // The open file's name stays with the settings; with Save disabled it is never written by mistake.
     AllowSave(false);
     dialogFile_.clear();
@@ -93,6 +94,19 @@ void FileCommands::mnuLoad_Click()
 
 bool FileCommands::OpenFile(const QString &path)
 {
+    const bool loaded = Load(path, Source::File);
+    if (loaded)
+        dialogFile_ = path;
+    return loaded;
+}
+
+bool FileCommands::Revert(const QString &path)
+{
+    return Load(path, Source::Revert);
+}
+
+bool FileCommands::Load(const QString &path, Source source)
+{
     link_.SetPolling(false);
     RoomSettings room = editor_.Room();
     const auto failure = LoadConfigFile(path.toStdString(), room);
@@ -100,12 +114,11 @@ bool FileCommands::OpenFile(const QString &path)
         TellFailure(window_, messages::CannotOpen, path, *failure);
     } else {
         const FlagGuard loading(link_.Updating);
-        editor_.Adopt(std::move(room), Source::File);
+        editor_.Adopt(std::move(room), source);
         SendLoadedValues(link_, stream_);
-        file_ = {.CurrentFileName = path.toStdString(), .FileLoaded = true, .SettingsChanged = false};
-        dialogFile_ = path;
+        file_ = {.CurrentFileName = path.toStdString(), .FileLoaded = true};
         AllowSave(true);
-        emit Named(QDir::toNativeSeparators(path));
+        ShowName(QDir::toNativeSeparators(path));
     }
     // A stream keeps the poll off until it stops.
     if (!stream_.Running())
@@ -113,11 +126,31 @@ bool FileCommands::OpenFile(const QString &path)
     return !failure;
 }
 
+void FileCommands::FollowFile()
+{
+    if (file_.CurrentFileName == shownFile_)
+        return;
+    const QString name = QString::fromStdString(file_.CurrentFileName);
+    emit MaySave(file_.MaySave);
+    ShowName(name.isEmpty() ? QString(messages::Untitled) : QDir::toNativeSeparators(name));
+}
+
+void FileCommands::ShowName(const QString &title)
+{
+    shownFile_ = file_.CurrentFileName;
+    emit Named(title);
+}
+
 bool FileCommands::mnuSave_Click()
 {
     if (file_.CurrentFileName.empty())
         return mnuSaveAs_Click();
-    return entries_.CommitEntry() && SaveTo(QString::fromStdString(file_.CurrentFileName));
+    if (!entries_.CommitEntry())
+        return false;
+    const QString path = QString::fromStdString(file_.CurrentFileName);
+    if (file_.UnitRead && !Ask(window_, messages::SaveUnitOverFile, {QDir::toNativeSeparators(path)}))
+        return mnuSaveAs_Click();
+    return SaveTo(path);
 }
 
 bool FileCommands::mnuSaveAs_Click()
@@ -150,7 +183,7 @@ QString FileCommands::ProposedName() const
 
 bool FileCommands::SaveAsked()
 {
-    return maySave_ ? mnuSave_Click() : mnuSaveAs_Click();
+    return file_.MaySave ? mnuSave_Click() : mnuSaveAs_Click();
 }
 
 bool FileCommands::SaveTo(const QString &path)
@@ -159,15 +192,14 @@ bool FileCommands::SaveTo(const QString &path)
         TellFailure(window_, messages::CannotSave, path, *failure);
         return false;
     }
-    file_.CurrentFileName = path.toStdString();
-    file_.SettingsChanged = false;
-    emit Named(QDir::toNativeSeparators(path));
+    editor_.Saved(path.toStdString());
+    ShowName(QDir::toNativeSeparators(path));
     return true;
 }
 
 void FileCommands::AllowSave(bool may)
 {
-    maySave_ = may;
+    file_.MaySave = may;
     emit MaySave(may);
 }
 

@@ -6,6 +6,8 @@
 
 #include <QObject>
 
+#include <string>
+
 class QWidget;
 
 namespace kelvo {
@@ -28,6 +30,10 @@ class FileCommands : public QObject {
     bool SaveAsked();
     /// Opens a settings file as `mnuLoad` would once its dialog has chosen it. False after a report.
     bool OpenFile(const QString &path);
+    /// Takes the settings of a snapshot, which is nobody's file. False after a report.
+    bool Revert(const QString &path);
+    /// The editor has gone to a step of another file: title and Save follow.
+    void FollowFile();
 
   signals:
     void Named(const QString &title); ///< what stands between the title's angle brackets
@@ -35,7 +41,9 @@ class FileCommands : public QObject {
     void Reset();                     ///< what plays is no part of the new settings
 
   private:
+    bool Load(const QString &path, Source source);
     bool SaveTo(const QString &path);
+    void ShowName(const QString &title);
     void AllowSave(bool may);
     QString ProposedName() const;
 
@@ -45,8 +53,8 @@ class FileCommands : public QObject {
     OpticalStream &stream_;
     EntryWindow &entries_;
     QWidget *window_;
-    bool maySave_ = true;
-    QString dialogFile_; ///< what the file dialogs chose last; "" = nothing
+    std::string shownFile_; ///< `FileState::CurrentFileName` as the title follows it
+    QString dialogFile_;    ///< what the file dialogs chose last; "" = nothing
 };
 
 } // namespace kelvo

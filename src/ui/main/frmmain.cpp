@@ -35,17 +35,25 @@ FrmMain::FrmMain(RoomSettings &room, Preferences &options, FileState &file, Devi
       places_(std::move(places)),
       memory_(places_.memoryFile, QSettings::IniFormat),
       link_(room, options, library, *this, clock),
-      editor_(room, file, link_, [this](const Changed &changed) { Show(changed); }),
+      journal_(places_.JournalFolder().toStdString(),
+               [this](const std::string &reason) {
+                   TellFault(QString(messages::CannotJournal)
+                                 .arg(places_.JournalFolder(), QString::fromStdString(reason)));
+               }),
+      editor_(room, file, link_, clock, journal_, [this](const Changed &changed) { ShowRoom(changed); }),
       panels_(editor_, link_, entries_,
               {.widget = this,
                .timersMayTouchUnit = [this] { return TimersMayTouchUnit(); },
                .editTheater = [this] { menus_->mnuSet_Click(); }}),
-      snapshot_(places_.programDirectory, places_.ownsFiles, editor_, link_, this),
+      snapshot_(places_.programDirectory, places_.ownsFiles, editor_, link_, this,
+                [this](const QString &fault) { TellFault(fault); }),
       files_(new FileCommands(editor_, file, link_, panels_.optical->Stream(), entries_, this)),
       menus_(new Menus(this, {editor_, options, link_, entries_, *files_,
                               [this] { return link_.InCall() || closing_->Running(); }})),
+      recovery_(new Recovery(editor_, clock, places_.JournalFolder(), this)),
+      edit_(new EditMenu(*menus_, {editor_, entries_, clock, memory_, *recovery_}, this)),
       closing_(new Closing(this, {file, options, link_, panels_.optical->Stream(), entries_, *files_,
-                                  snapshot_, *menus_, places_}))
+                                  snapshot_, journal_, *recovery_, *menus_, places_}))
 {
     Named(this, "frmMain");
     ShowTitle(messages::Untitled);

@@ -3,12 +3,14 @@
 #include "edit/editor.h"
 #include "ui/controls/entrywindow.h"
 #include "ui/main/closing.h"
+#include "ui/main/editmenu.h"
 #include "ui/main/filecommands.h"
 #include "ui/main/frmprog.h"
 #include "ui/main/mastercolumn.h"
 #include "ui/main/menus.h"
 #include "ui/main/panels.h"
 #include "ui/main/places.h"
+#include "ui/main/recovery.h"
 #include "ui/main/snapshot.h"
 #include "unit/linkview.h"
 
@@ -61,6 +63,9 @@ class FrmMain final : public QMainWindow, private LinkView {
     void ShowSent() override;
     void StreamLock(bool locked) override;
     void ShowTitle(const QString &name);
+    /// Brings every place that shows the room into line.
+    void ShowRoom(const Changed &changed);
+    void TellFault(const QString &fault);
 
     /// One guard for every timer: none touches the unit while a box is open or a call is in progress.
     bool TimersMayTouchUnit() const;
@@ -75,12 +80,15 @@ class FrmMain final : public QMainWindow, private LinkView {
     Places places_;
     QSettings memory_; ///< what windows remember
     UnitLink link_;
+    Journal journal_;
     Editor editor_;
     EntryWindow entries_;
     Panels panels_;
     Snapshot snapshot_;
     FileCommands *files_;
     Menus *menus_;
+    Recovery *recovery_;
+    EditMenu *edit_;
     Closing *closing_;
     TabPages *tabs_ = nullptr;
     MasterColumn *column_ = nullptr;

@@ -76,19 +76,34 @@ bool FrmMain::ShowBox(LinkBox kind, std::string_view title, std::string_view tex
 
 void FrmMain::Show(const Changed &changed)
 {
-    panels_.Show(changed);
+    editor_.Follow(changed);
+    ShowRoom(changed);
     if (changed.source == Source::Connection)
         panels_.ShowTestSignals(link_.Holds().Playing);
-    const bool wholeUnit = changed.source == Source::Connection || changed.source == Source::Update;
+    const bool wholeUnit = changed.source == Source::Connection || changed.source == Source::Update ||
+                           changed.source == Source::Reread;
     if (wholeUnit && link_.UnitOnline())
         ShowTitle(messages::FromUnit);
     if (changed.source == Source::Poll)
         repaint();
 }
 
+void FrmMain::ShowRoom(const Changed &changed)
+{
+    panels_.Show(changed);
+}
+
 void FrmMain::ShowSent()
 {
-    column_->ShowSent(link_.Differences());
+    column_->ShowSent(link_.Differences(), recovery_->Offer());
+    column_->ShowSlots(editor_.Kept(), editor_.Room());
+    edit_->Reflect();
+    files_->FollowFile();
+}
+
+void FrmMain::TellFault(const QString &fault)
+{
+    places_.report(fault);
 }
 
 void FrmMain::StreamLock(bool locked)

@@ -29,6 +29,7 @@ constexpr std::array<Lamp, 3> Lamps{
 MasterColumn::MasterColumn(QWidget *masterFader)
     : lblStat_(Named(new QLabel, "lblStat")),
       lblSent_(Named(new QLabel, "lblSent")),
+      lblSlot_(Named(new QLabel, "lblSlot")),
       lblClock_(Named(new QLabel, "lblClock")),
       cmdConnect_(Named(new QPushButton(messages::ConnectCaption), "cmdConnect"))
 {
@@ -39,6 +40,7 @@ MasterColumn::MasterColumn(QWidget *masterFader)
     lblSent_->setWordWrap(true);
     lblSent_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     lblSent_->setMinimumHeight(3 * lblSent_->fontMetrics().lineSpacing());
+    lblSlot_->setAlignment(Qt::AlignCenter);
     lblClock_->setAlignment(Qt::AlignCenter);
 
     setFixedWidth(ColumnWidth);
@@ -47,6 +49,7 @@ MasterColumn::MasterColumn(QWidget *masterFader)
     layout->addWidget(lblStat_);
     layout->addWidget(cmdConnect_);
     layout->addWidget(lblSent_);
+    layout->addWidget(lblSlot_);
     layout->addWidget(masterFader, 1);
     layout->addWidget(lblClock_);
 }
@@ -60,9 +63,19 @@ void MasterColumn::ShowConnectStatus(LinkState state)
     lblStat_->repaint();
 }
 
-void MasterColumn::ShowSent(std::optional<int> differences)
+void MasterColumn::ShowSent(std::optional<int> differences, const QString &offer)
 {
-    lblSent_->setText(QString::fromStdString(messages::SentText(differences)));
+    const bool offers = differences.value_or(0) == 0 && !offer.isEmpty();
+    lblSent_->setText(offers ? offer : QString::fromStdString(messages::SentText(differences)));
+}
+
+void MasterColumn::ShowSlots(const Slots &kept, const RoomSettings &room)
+{
+    QStringList equal;
+    for (int slot = 0; slot < SlotCount; ++slot)
+        if (kept.Equals(slot, room))
+            equal += QString(Slots::NameOf(slot));
+    lblSlot_->setText(equal.isEmpty() ? QString() : QString(messages::SlotShown).arg(equal.join(", ")));
 }
 
 void MasterColumn::ShowTime(const std::string &time)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "edit/slots.h"
 #include "unit/linkview.h"
 
 #include <QWidget>
@@ -21,7 +22,10 @@ class MasterColumn : public QWidget {
 
     /// The lamp is on the screen before this returns.
     void ShowConnectStatus(LinkState state);
-    void ShowSent(std::optional<int> differences);
+    /// `offer` stands there instead while the unit lacks nothing.
+    void ShowSent(std::optional<int> differences, const QString &offer);
+    /// Which slots the room equals.
+    void ShowSlots(const Slots &kept, const RoomSettings &room);
     void ShowTime(const std::string &time);
     void EnableConnect(bool enable);
 
@@ -31,6 +35,7 @@ class MasterColumn : public QWidget {
   private:
     QLabel *lblStat_;
     QLabel *lblSent_;
+    QLabel *lblSlot_;
     QLabel *lblClock_;
     QPushButton *cmdConnect_;
 };

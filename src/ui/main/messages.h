@@ -16,6 +16,8 @@ inline constexpr auto OldFilter = "Old Config File format (*.cfg)";
 
 inline constexpr Message SaveChanges{Question, "Save?", "Do you want to save your changes?"};
 inline constexpr Message SaveBeforeExit{Question, "Save?", "Do you want to save changes before you exit?"};
+inline constexpr Message SaveUnitOverFile{
+    Question, "Save?", "The settings on the screen were read from the unit. Save them over %1?"};
 inline constexpr Message Revert{Question, "Revert?", "Do you want to revert back to original settings?"};
 inline constexpr Message FaderNominal{Question, "Fader=7.0?", "Do you want to set fader = 7.0?"};
 
@@ -23,10 +25,25 @@ inline constexpr Message WrongFormat{Exclamation, "File Error", "Error open open
 inline constexpr Message CannotOpen{Exclamation, "File Error", "Cannot open %1: %2."};
 inline constexpr Message CannotSave{Exclamation, "File Error", "Cannot save %1: %2."};
 
+// Faults that only the state line tells.
+inline constexpr auto CannotKeep = "Cannot keep %1 in the folder %2.";
+inline constexpr auto CannotJournal = "Cannot write the journal in %1: %2.";
+
 inline constexpr Message SmallScreen{CriticalError, "Screen Resolution Error",
                                      "Error, screen resolution too low. Please select a screen resolution of "
                                      "at least 800 x 600."};
 inline constexpr Message MissingLibrary{Information, "Device Library", "%1"};
+
+inline constexpr auto Undo = "Undo";
+inline constexpr auto Redo = "Redo";
+inline constexpr auto History = "History ...";
+inline constexpr auto Recall = "Recall %1";
+inline constexpr auto KeepAs = "Keep as %1";
+inline constexpr auto BringBack = "Bring Back ...";
+inline constexpr auto BringBackOne = "Bring back %2 change of %1";
+inline constexpr auto BringBackMany = "Bring back %2 changes of %1";
+inline constexpr auto BringBackSlots = "Bring back the slots of %1";
+inline constexpr auto SlotShown = "Slot %1";
 
 inline constexpr auto Loading = "Loading Please Wait...";
 

@@ -19,6 +19,11 @@ struct Places {
     std::function<bool()> serialIniMissing{};      ///< the library's serial settings file does not exist yet
     std::function<void(const QString &)> report{}; ///< takes a line for standard error and the log
 
+    /// "" when none are kept.
+    QString JournalFolder() const
+    {
+        return dataFolder.isEmpty() ? QString() : QDir(dataFolder).filePath("journals");
+    }
     QString PreferencesFile() const { return QDir(programDirectory).filePath("settings.dat"); }
 };
 

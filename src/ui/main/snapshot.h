@@ -3,32 +3,49 @@
 #include "edit/editor.h"
 
 #include <QString>
+#include <QStringList>
+
+#include <functional>
 
 class QWidget;
 
 namespace kelvo {
 
-/// The unit's settings as the run found them, in the file "temp.qm4" of the program directory: what a revert
-/// at the end brings back.
+/// The unit's settings as they were found, in the file "temp.qm4" of the program directory: what a revert at
+/// the end brings back. One that may still be wanted is kept as a dated file in the folder "snapshots".
 class Snapshot {
   public:
-    /// `owned` false: another console runs on the program directory and its file is left alone.
+    static constexpr int MostKept = 20; ///< the oldest go
+
+    /// `owned` false: another console runs on the program directory and its files are left alone. `fault` is
+    /// told when a snapshot cannot be kept.
     Snapshot(const QString &programDirectory, bool owned, const Editor &editor, const UnitLink &link,
-             QWidget *window);
+             QWidget *window, std::function<void(const QString &)> fault);
 
     const QString &Path() const { return path_; }
     bool Taken() const { return taken_; }
-    /// Once a run, from a unit that is on line; tells when it cannot be written.
+    /// Of a unit that is on line, unless there is one already; tells when it cannot be written.
     void Take();
-    /// The file goes, whoever left it.
+    /// After a connection that found other settings than the unit held: the old one is kept, a new one taken.
+    void Renew();
+    /// It goes into the folder, whoever left it. False when it cannot; it then stays where it is.
+    bool Keep();
+    /// Nobody wants it back.
     void Remove();
 
+    /// The kept ones with their folder, newest first.
+    QStringList Kept() const;
+
   private:
+    void RemoveOldest() const;
+
     QString path_;
+    QString folder_;
     bool owned_;
     const Editor &editor_;
     const UnitLink &link_;
     QWidget *window_;
+    std::function<void(const QString &)> fault_;
     bool taken_ = false;
 };
 

@@ -1,6 +1,7 @@
 #include "ui/main/frmmain.h"
 
 #include "files/preferencesfile.h"
+#include "ui/controls/toolwindow.h"
 #include "ui/main/messages.h"
 
 #include <QPointer>
@@ -43,11 +44,13 @@ void FrmMain::Form_Load()
     link_.Updating = false;
     started_ = true;
     snapshot_.Take();
+    recovery_->Look();
+    ShowSent();
 }
 
 void FrmMain::InitialiseSettings()
 {
-    snapshot_.Remove(); // left by a run that never came to its end
+    snapshot_.Keep(); // left by a run that never came to its end
     options_ = ReadPreferences(places_.PreferencesFile().toStdString());
     menus_->ShowPreferences();
     if (places_.serialIniMissing())
@@ -78,7 +81,9 @@ void FrmMain::cmdConnect_Click()
     if (isVisible())
         activateWindow();
     FitScreen();
-    if (started_)
+    if (started_ && link_.Holds().FoundOther())
+        snapshot_.Renew();
+    else if (started_)
         snapshot_.Take();
     closing_->CarryOutClose();
 }
@@ -87,6 +92,8 @@ void FrmMain::EnableCommands(bool enable)
 {
     menus_->Enable(enable);
     column_->EnableConnect(enable);
+    for (ToolWindow *window : findChildren<ToolWindow *>())
+        window->setEnabled(enable);
     // Changing the tab may ask and send, so it waits as well.
     tabs_->tabBar()->setEnabled(enable);
 }

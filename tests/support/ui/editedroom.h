@@ -42,7 +42,8 @@ struct EditedRoom {
     RecordingView view{trace};
     TestClock clock{trace};
     UnitLink link{room, options, unit, view, clock};
-    Editor editor{room, file, link, [this](const Changed &changed) {
+    Journal journal{{}, [](const std::string &) {}};
+    Editor editor{room, file, link, clock, journal, [this](const Changed &changed) {
                       if (!changed.Adopted())
                           WriteDown(changed);
                       show(changed);

@@ -107,6 +107,7 @@ void ExitTest::yesSavesTheOpenFile()
 {
     ConsoleUnderTest console;
     console.file.CurrentFileName = console.File("open.zcf").toStdString();
+    console.file.UnitRead = false; // opened after the connection
     console.file.SettingsChanged = true;
     AnswerSave(console, QMessageBox::Yes);
     AnswerRevert(console, QMessageBox::No);
@@ -141,6 +142,7 @@ void ExitTest::aSaveThatFailsCallsTheExitOff()
     ConsoleUnderTest console;
     QVERIFY(QDir().mkdir(console.File("folder.zcf")));
     console.file.CurrentFileName = console.File("folder.zcf").toStdString();
+    console.file.UnitRead = false;
     console.file.SettingsChanged = true;
     AnswerSave(console, QMessageBox::Yes);
     console.AnswerNextBox("File Error", QMessageBox::Ok);

@@ -1,0 +1,354 @@
+#include "edit/editor.h"
+#include "support/faultycalls.h"
+#include "support/linkundertest.h"
+#include "support/testfolder.h"
+
+using namespace kelvo;
+
+namespace {
+
+/// A run with a journal in a folder; it is killed when its scope ends, unless it is told to tidy up.
+struct Run : LinkUnderTest {
+    FileState file;
+    std::vector<std::string> faults;
+    Journal journal;
+    Editor editor{room, file, link, clock, journal, [](const Changed &) {}};
+
+    explicit Run(const TestFolder &folder, const FileCalls &calls = system())
+        : journal(
+              folder.Path("journals"), [this](const std::string &reason) { faults.push_back(reason); }, calls)
+    {
+    }
+
+    void SetField(FieldId field, int stored) { editor.Apply(Edit::One(field, stored)); }
+    void SetText(int text, const std::string &to)
+    {
+        editor.Apply({.name = "Theater", .fields = {field::Theater(text)}, .make = [&](RoomSettings &into) {
+                          into.TheaterInfo[text] = to;
+                      }});
+    }
+
+    static const FileCalls &system()
+    {
+        static const FileCalls calls;
+        return calls;
+    }
+};
+
+std::vector<LeftBehind> Found(const TestFolder &folder)
+{
+    return FindJournals(folder.Path("journals"));
+}
+
+/// The only journal's file.
+std::filesystem::path FileIn(const TestFolder &folder)
+{
+    for (const auto &entry : std::filesystem::directory_iterator(folder.Path("journals")))
+        return entry.path();
+    return {};
+}
+
+std::string Bytes(const std::filesystem::path &path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void Overwrite(const std::filesystem::path &path, const std::string &bytes)
+{
+    std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+}
+
+/// A run of three steps that is killed.
+RoomSettings ThreeSteps(const TestFolder &folder)
+{
+    Run run(folder);
+    run.SetField(field::Band(Center, 14), 9);
+    run.clock.now += std::chrono::minutes(2);
+    run.SetField(field::ReaderDelay, 300);
+    run.SetText(0, "Rex = \"one\"\t\\n");
+    return run.room;
+}
+
+} // namespace
+
+TEST_CASE("a run that is killed leaves each of its steps")
+{
+    const TestFolder folder;
+    const RoomSettings last = ThreeSteps(folder);
+    const auto found = Found(folder);
+    REQUIRE(found.size() == 1);
+    CHECK(found[0].done == 3);
+    CHECK(Between(found[0].room, last).Empty());
+    CHECK(found[0].time == LocalTime(std::chrono::local_days(std::chrono::year(2024) / 3 / 14)) +
+                               std::chrono::hours(15) + std::chrono::minutes(2));
+}
+
+TEST_CASE("nothing is written before the first step, and live values are none")
+{
+    const TestFolder folder;
+    Run run(folder);
+    run.SetField(field::Fader, 3);
+    CHECK_FALSE(std::filesystem::exists(folder.Path("journals")));
+}
+
+TEST_CASE("a journal that a running console owns is not found; an exit that lost nothing leaves none")
+{
+    const TestFolder folder;
+    Run run(folder);
+    run.SetField(field::ObeLevel, 3);
+    CHECK(Found(folder).empty());
+    run.journal.Remove();
+    CHECK(std::filesystem::is_empty(folder.Path("journals")));
+}
+
+TEST_CASE("two consoles keep a journal each; the newest is offered first")
+{
+    const TestFolder folder;
+    {
+        Run first(folder);
+        Run second(folder);
+        first.SetField(field::ObeLevel, 3);
+        second.clock.now += std::chrono::hours(1);
+        second.SetField(field::ObeLevel, 5);
+        second.SetField(field::ObeLevel, 6);
+    }
+    const auto found = Found(folder);
+    REQUIRE(found.size() == 2);
+    CHECK(found[0].done == 2);
+    CHECK(found[1].done == 1);
+}
+
+TEST_CASE("undo and redo are kept: what comes back is what was on the screen")
+{
+    const TestFolder folder;
+    RoomSettings last;
+    {
+        Run run(folder);
+        run.SetField(field::ObeLevel, 3);
+        run.SetField(field::Trim(Left), 4);
+        run.SetField(field::Trim(Right), 4);
+        run.editor.MoveTo(1);
+        run.editor.Redo();
+        last = run.room;
+    }
+    const auto found = Found(folder);
+    REQUIRE(found.size() == 1);
+    CHECK(found[0].done == 2);
+    CHECK(Between(found[0].room, last).Empty());
+}
+
+TEST_CASE("a journal without a step in effect is nobody's loss and goes")
+{
+    const TestFolder folder;
+    {
+        Run run(folder);
+        run.SetField(field::ObeLevel, 3);
+        run.editor.Undo();
+    }
+    CHECK(Found(folder).empty());
+    CHECK(std::filesystem::is_empty(folder.Path("journals")));
+}
+
+TEST_CASE("what changed without a step is kept with the next one")
+{
+    const TestFolder folder;
+    {
+        Run run(folder);
+        run.SetField(field::ObeLevel, 3);
+        run.room.Audio.ObeFreq = 6; // as an automatic re-read may find it
+        run.SetField(field::Trim(Left), 4);
+    }
+    const auto found = Found(folder);
+    REQUIRE(found.size() == 1);
+    CHECK(found[0].room.Audio.ObeFreq == 6);
+    CHECK(found[0].done == 2);
+}
+
+TEST_CASE("an opened file's name is kept; New and Open begin anew")
+{
+    const TestFolder folder;
+    {
+        Run run(folder);
+        run.SetField(field::ObeLevel, 3);
+        run.editor.Adopt(run.room, Source::File);
+        run.file.CurrentFileName = "/rooms/Rex 1.zcf";
+        run.SetField(field::Trim(Left), 4);
+    }
+    const auto found = Found(folder);
+    REQUIRE(found.size() == 1);
+    CHECK(found[0].done == 1);
+    CHECK(found[0].fileName == "/rooms/Rex 1.zcf");
+    CHECK(found[0].room.Audio.ObeLevel == 3);
+}
+
+TEST_CASE("slots are kept beside the steps, also when New ends those")
+{
+    const TestFolder folder;
+    {
+        Run run(folder);
+        run.SetField(field::ObeLevel, 3);
+        run.editor.KeepSlot(2);
+        run.editor.Adopt({}, Source::Reset);
+    }
+    const auto found = Found(folder);
+    REQUIRE(found.size() == 1);
+    CHECK(found[0].done == 0);
+    REQUIRE(found[0].hasSlots);
+    REQUIRE(found[0].slotsKept.Kept(2));
+    CHECK(found[0].slotsKept.Kept(2)->Audio.ObeLevel == 3);
+    CHECK_FALSE(found[0].slotsKept.Kept(0));
+}
+
+TEST_CASE("bringing back is one step, with name and slots, and goes into the new run's own journal")
+{
+    const TestFolder folder;
+    RoomSettings last;
+    {
+        Run run(folder);
+        run.editor.Adopt(run.room, Source::File);
+        run.file = {.CurrentFileName = "/rooms/a.zcf", .FileLoaded = true};
+        run.SetField(field::ObeLevel, 3);
+        run.SetText(3, "Booth");
+        run.editor.KeepSlot(0);
+        run.SetField(field::Trim(Left), 4);
+        last = run.room;
+    }
+    const auto left = Found(folder);
+    REQUIRE(left.size() == 1);
+    {
+        Run next(folder);
+        next.room.Audio.ObeFreq = 0;
+        const RoomSettings before = next.room;
+        next.editor.BringBack(left[0], "Bring back 3 changes of 15:00");
+        CHECK(Between(next.room, last).Empty());
+        CHECK(next.file.CurrentFileName == "/rooms/a.zcf");
+        CHECK(next.file.SettingsChanged);
+        CHECK(next.editor.Kept().Kept(0));
+        CHECK(next.editor.Steps().Steps().size() == 1);
+        next.editor.Undo();
+        CHECK(next.room == before);
+        CHECK(next.file.CurrentFileName.empty());
+        next.editor.Redo();
+        CHECK(next.file.CurrentFileName == "/rooms/a.zcf");
+        RemoveJournal(left[0]);
+    }
+    const auto found = Found(folder);
+    REQUIRE(found.size() == 1);
+    CHECK(found[0].fileName == "/rooms/a.zcf");
+    CHECK(Between(found[0].room, last).Empty());
+    CHECK(found[0].slotsKept.Kept(0));
+}
+
+TEST_CASE(
+    "a journal cut at any byte gives a state that was on the screen, and never more steps than whole lines")
+{
+    const TestFolder folder;
+    ThreeSteps(folder);
+    const std::string whole = Bytes(FileIn(folder));
+    std::size_t lines = 0;
+    for (std::size_t length = 0; length <= whole.size(); ++length) {
+        const auto left = ReadJournal(std::string_view(whole).substr(0, length));
+        if (length > 0 && whole[length - 1] == '\n')
+            ++lines;
+        if (!left) {
+            CHECK(lines == 0);
+            continue;
+        }
+        CHECK(left->done == lines - 1); // the first line is the journal's name
+        CHECK(Get(left->room, field::Band(Center, 14)) == (lines > 1 ? 9 : 0));
+        CHECK(Get(left->room, field::ReaderDelay) == (lines > 2 ? 300 : 0));
+    }
+    CHECK(lines == 4);
+}
+
+TEST_CASE("a damaged byte costs what comes after it, until the room is told whole again")
+{
+    const TestFolder folder;
+    ThreeSteps(folder);
+    const std::string whole = Bytes(FileIn(folder));
+    const std::size_t second = whole.find("\n", whole.find("room")) + 1;
+    std::string damaged = whole;
+    damaged[second + 12] ^= 1;
+    const auto left = ReadJournal(damaged);
+    REQUIRE(left);
+    CHECK(left->done == 1);
+    CHECK(left->room.TheaterInfo[0].empty());
+}
+
+TEST_CASE("another version is nothing to bring back; it stays on the disk")
+{
+    const TestFolder folder;
+    ThreeSteps(folder);
+    const auto path = FileIn(folder);
+    std::string other = Bytes(path);
+    other.replace(other.find(" 1\n"), 3, " 2\n");
+    Overwrite(path, other);
+    CHECK(Found(folder).empty());
+    CHECK(std::filesystem::exists(path));
+}
+
+TEST_CASE("after 30 days a journal goes")
+{
+    const TestFolder folder;
+    ThreeSteps(folder);
+    const auto path = FileIn(folder);
+    const auto now = std::filesystem::file_time_type::clock::now();
+    std::filesystem::last_write_time(path, now - std::chrono::hours(24 * 30 - 1));
+    CHECK(Found(folder).size() == 1);
+    std::filesystem::last_write_time(path, now - std::chrono::hours(24 * 30 + 1));
+    CHECK(Found(folder).empty());
+    CHECK_FALSE(std::filesystem::exists(path));
+}
+
+TEST_CASE("a disk that fails is told once, whichever call it is, and the next step that is written is whole")
+{
+    // Create, Lock, then Write and Flush of the name and of the first line.
+    for (std::size_t at = 1; at <= 10; ++at)
+        for (const Fault fault : {Fault::Fails, Fault::Short, Fault::NothingTaken, Fault::Interrupted}) {
+            CAPTURE(at);
+            const TestFolder folder;
+            const FaultyCalls calls(fault, at);
+            RoomSettings last;
+            {
+                Run run(folder, calls);
+                run.SetField(field::ObeLevel, 3);
+                run.SetField(field::Trim(Left), 4);
+                run.SetField(field::Trim(Right), 5);
+                run.SetField(field::Trim(Center), 6);
+                CHECK(run.faults.size() <= 1);
+                last = run.room;
+            }
+            const auto found = Found(folder);
+            REQUIRE_FALSE(found.empty());
+            CHECK(found[0].done == 4);
+            CHECK(Between(found[0].room, last).Empty());
+        }
+}
+
+TEST_CASE("a folder that cannot be made is told once; steps go on")
+{
+    const TestFolder folder;
+    folder.Put("journals", "a file stands where the folder should");
+    Run run(folder);
+    run.SetField(field::ObeLevel, 3);
+    run.SetField(field::ObeLevel, 4);
+    CHECK(run.faults.size() == 1);
+    CHECK(run.editor.Steps().Done() == 2);
+}
+
+TEST_CASE("a folder that goes while the console runs is made again, and the journal with it")
+{
+    const TestFolder folder;
+    {
+        Run run(folder);
+        run.SetField(field::ObeLevel, 3);
+        std::filesystem::remove_all(folder.Path("journals"));
+        run.SetField(field::Trim(Left), 4);
+        CHECK(run.faults.empty());
+    }
+    const auto found = Found(folder);
+    REQUIRE(found.size() == 1);
+    CHECK(found[0].done == 2);
+    CHECK(found[0].room.Audio.ObeLevel == 3);
+}
