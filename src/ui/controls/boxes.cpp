@@ -5,7 +5,8 @@ namespace kelvo {
 namespace {
 
 QMessageBox::StandardButton Show(QWidget *parent, const Message &message, const QStringList &arguments,
-                                 QMessageBox::StandardButtons buttons, QMessageBox::StandardButton escape)
+                                 QMessageBox::StandardButtons buttons, QMessageBox::StandardButton enter,
+                                 QMessageBox::StandardButton escape)
 {
     // At once, so that a per cent sign in a file's name is not taken for a place of its own.
     QString text = QString::fromUtf8(message.text);
@@ -15,6 +16,7 @@ QMessageBox::StandardButton Show(QWidget *parent, const Message &message, const 
         text = text.arg(arguments[0], arguments[1]);
     QMessageBox box(message.icon, QString::fromUtf8(message.title), text, buttons, parent);
     box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(enter);
     box.setEscapeButton(escape);
     const int answer = box.exec();
     // Where no window manager gives the focus back, the window that asked would stay deaf to keys.
@@ -27,19 +29,20 @@ QMessageBox::StandardButton Show(QWidget *parent, const Message &message, const 
 
 void Tell(QWidget *parent, const Message &message, const QStringList &arguments)
 {
-    Show(parent, message, arguments, QMessageBox::Ok, QMessageBox::Ok);
+    Show(parent, message, arguments, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok);
 }
 
 bool Ask(QWidget *parent, const Message &message, const QStringList &arguments)
 {
-    return Show(parent, message, arguments, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
-           QMessageBox::Yes;
+    return Show(parent, message, arguments, QMessageBox::Yes | QMessageBox::No, message.enter,
+                QMessageBox::No) == QMessageBox::Yes;
 }
 
 Answer AskOrCancel(QWidget *parent, const Message &message, const QStringList &arguments)
 {
-    const auto button = Show(parent, message, arguments,
-                             QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel);
+    const auto button =
+        Show(parent, message, arguments, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+             message.enter, QMessageBox::Cancel);
     if (button == QMessageBox::Yes)
         return Answer::Yes;
     return button == QMessageBox::No ? Answer::No : Answer::Cancel;

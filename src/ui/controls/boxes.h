@@ -10,6 +10,8 @@ struct Message {
     QMessageBox::Icon icon;
     const char *title;
     const char *text;
+    /// What Enter answers to a question: No changes nothing in the hall. Yes where it is No that loses work.
+    QMessageBox::StandardButton enter = QMessageBox::No;
 };
 
 inline constexpr auto Question = QMessageBox::Question;

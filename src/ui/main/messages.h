@@ -14,8 +14,10 @@ inline constexpr auto OffLineHint = "Off line. Press Connect or F1.";
 inline constexpr auto SettingsFilter = "Kelvo Zentra Config Files (*.zcf)";
 inline constexpr auto OldFilter = "Old Config File format (*.cfg)";
 
-inline constexpr Message SaveChanges{Question, "Save?", "Do you want to save your changes?"};
-inline constexpr Message SaveBeforeExit{Question, "Save?", "Do you want to save changes before you exit?"};
+inline constexpr Message SaveChanges{Question, "Save?", "Do you want to save your changes?",
+                                     QMessageBox::Yes};
+inline constexpr Message SaveBeforeExit{Question, "Save?", "Do you want to save changes before you exit?",
+                                        QMessageBox::Yes};
 inline constexpr Message SaveUnitOverFile{
     Question, "Save?", "The settings on the screen were read from the unit. Save them over %1?"};
 inline constexpr Message Revert{Question, "Revert?", "Do you want to revert back to original settings?"};

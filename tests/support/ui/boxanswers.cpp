@@ -48,6 +48,20 @@ void BoxAnswers::AnswerNextBox(const QString &title, QMessageBox::StandardButton
     });
 }
 
+void BoxAnswers::EnterInNextBox(const QString &title, QMessageBox::StandardButton enter)
+{
+    announced_.push_back([=](QDialog *dialog) {
+        auto *box = qobject_cast<QMessageBox *>(dialog);
+        if (!box || box->windowTitle() != title) {
+            Unexpected(dialog);
+            return;
+        }
+        QCOMPARE(box->standardButton(box->defaultButton()), enter);
+        QTest::keyClick(box, Qt::Key_Return);
+        QVERIFY(!box->isVisible());
+    });
+}
+
 void BoxAnswers::WithNextDialog(Work work)
 {
     announced_.push_back([work = std::move(work)](QDialog *dialog) {

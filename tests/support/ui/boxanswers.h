@@ -22,6 +22,8 @@ class BoxAnswers : public QObject {
     /// Answers the next box: it must have this title and, when given, this text. `whileOpen` runs first.
     void AnswerNextBox(const QString &title, QMessageBox::StandardButton button, const QString &text = {},
                        std::function<void()> whileOpen = {});
+    /// Presses Enter in the next box; its default button must be this one.
+    void EnterInNextBox(const QString &title, QMessageBox::StandardButton enter);
     /// Works on the next dialog that is not a message box, `QFileDialog` included, once it is shown.
     void WithNextDialog(Work work);
     /// Chooses a file in the next file dialog; "" cancels it.
