@@ -2,6 +2,8 @@
 
 #include <QAbstractButton>
 
+#include <algorithm>
+
 namespace kelvo {
 
 void ChoiceList::showPopup()
@@ -14,10 +16,27 @@ void ChoiceList::showPopup()
 
 void ChoiceList::wheelEvent(QWheelEvent *event)
 {
-    if (hasFocus())
-        QComboBox::wheelEvent(event);
-    else
+    const int angle = event->angleDelta().y();
+    if (!hasFocus())
         event->ignore();
+    else if (angle != 0)
+        wheel_.Take(angle > 0 ? -1 : 1, *event);
+}
+
+void ChoiceList::focusOutEvent(QFocusEvent *event)
+{
+    wheel_.Drop();
+    QComboBox::focusOutEvent(event);
+}
+
+/// A list that shows no choice has none before it.
+void ChoiceList::TurnBy(int items)
+{
+    const int turned = std::min(std::max(currentIndex() + items, 0), count() - 1);
+    if (turned == currentIndex() || (currentIndex() < 0 && items < 0))
+        return;
+    setCurrentIndex(turned);
+    emit activated(turned);
 }
 
 void ShowChoice(QComboBox *list, int index)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "edit/editor.h"
+#include "ui/controls/wheelsteps.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -21,6 +22,12 @@ class ChoiceList : public QComboBox {
 
   protected:
     void wheelEvent(QWheelEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+
+  private:
+    void TurnBy(int items);
+
+    WheelSteps wheel_{this, [this](int items) { TurnBy(items); }};
 };
 
 /// An option button that takes a click anywhere in its row: a larger target than mark and text.

@@ -127,8 +127,6 @@ void LevelSlider::LetGo()
     hand_ = Hand::None;
     entries_.sliderHeld = nullptr;
     entries_.SendArmed = true;
-    // The toolkit goes on paging while the button is down; the release may land elsewhere.
-    setRepeatAction(SliderNoAction);
     setSliderDown(false);
     emit Dropped();
 }
@@ -164,6 +162,8 @@ void LevelSlider::keyPressEvent(QKeyEvent *event)
         event->ignore();
         return;
     }
+    if (!leaps_ && (event->key() == Qt::Key_Home || event->key() == Qt::Key_End))
+        return;
     TakeBy(Hand::Key);
     AwaitRelease();
     if (LevelSlider *neighbour = NeighbourFor(event->key()))
@@ -187,6 +187,8 @@ void LevelSlider::mousePressEvent(QMouseEvent *event)
     if (event->buttons() == event->button())
         TakeBy(Hand::Mouse);
     QSlider::mousePressEvent(event);
+    // The toolkit goes on paging while the button is down; a button held in the groove is one step.
+    setRepeatAction(SliderNoAction);
 }
 
 void LevelSlider::mouseMoveEvent(QMouseEvent *event)
@@ -214,7 +216,13 @@ void LevelSlider::wheelEvent(QWheelEvent *event)
     wheelAngle_ += event->inverted() ? -event->angleDelta().y() : event->angleDelta().y();
     const int notches = wheelAngle_ / WheelNotch;
     wheelAngle_ -= notches * WheelNotch;
-    if (notches == 0)
+    if (notches != 0)
+        wheel_.Take(notches, *event);
+}
+
+void LevelSlider::TurnBy(int notches)
+{
+    if (hand_ != Hand::None)
         return;
     TakeBy(Hand::Wheel);
     Step(-notches);
@@ -231,6 +239,7 @@ void LevelSlider::focusInEvent(QFocusEvent *event)
 
 void LevelSlider::focusOutEvent(QFocusEvent *event)
 {
+    wheel_.Drop();
     LetGo();
     QSlider::focusOutEvent(event);
 }

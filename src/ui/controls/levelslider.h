@@ -2,6 +2,7 @@
 
 #include "model/levels.h"
 #include "ui/controls/entrywindow.h"
+#include "ui/controls/wheelsteps.h"
 
 #include <QSlider>
 #include <QTimer>
@@ -11,7 +12,7 @@
 namespace kelvo {
 
 /// A vertical slider of level positions, 0 at the top. It knows when it is in the user's hand: from a key's
-/// press to its real release, from a mouse press to its release, for one notch of the wheel. A release that
+/// press to its real release, from a mouse press to its release, for one change of the wheel. A release that
 /// does not come, with no repeat and no other key for a second, counts as come.
 class LevelSlider : public QSlider {
     Q_OBJECT
@@ -24,6 +25,8 @@ class LevelSlider : public QSlider {
     void ShowPosition(int position);
     /// What a key or the wheel does with its number of positions; without it the slider itself moves.
     void SetStep(std::function<void(int positions)> step) { step_ = std::move(step); }
+    /// Home and End do nothing: at its ends the hall is silent or far too loud.
+    void RefuseLeaps() { leaps_ = false; }
     /// Where Left and Right lead. Without neighbours Left acts as Down and Right as Up.
     void SetNeighbours(LevelSlider *left, LevelSlider *right);
     /// Ends the user's hold, whatever began it.
@@ -59,6 +62,7 @@ class LevelSlider : public QSlider {
     void TakeBy(Hand hand);
     void AwaitRelease();
     void Step(int positions);
+    void TurnBy(int notches);
     int PositionsOf(const QKeyEvent &key) const;
     LevelSlider *NeighbourFor(int key) const;
     QRect ThumbAt(int position) const;
@@ -70,8 +74,10 @@ class LevelSlider : public QSlider {
     LevelSlider *right_ = nullptr;
     Hand hand_ = Hand::None;
     QTimer *tmrHold_ = nullptr; ///< made for the first key that is held
+    WheelSteps wheel_{this, [this](int notches) { TurnBy(notches); }};
     int wheelAngle_ = 0;
     bool quiet_ = false;
+    bool leaps_ = true;
 };
 
 } // namespace kelvo

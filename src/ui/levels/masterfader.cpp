@@ -60,6 +60,7 @@ QGroupBox *MasterFader::BuildFrame(const char *name, int index)
 
 void MasterFader::Wire(LevelSlider *slider)
 {
+    slider->RefuseLeaps();
     slider->SetStep([this](int positions) { sclVol_Step(positions); });
     connect(slider, &LevelSlider::Taken, this, [this] { sclVol_Taken(); });
     connect(slider, &LevelSlider::Moved, this, [this, slider] { sclVol_Moved(*slider); });

@@ -16,6 +16,8 @@ class FaderSliderTest : public QObject {
     void dragFollowsEverywherePausesThePollAndSendsOnce();
     void anyMouseButtonPausesThePoll();
     void grooveAndWheelAreOneChangeEach();
+    void homeAndEndAreNobodysInTheDialogEither();
+    void aButtonHeldInTheGrooveStepsOnce();
     void sliderSetByCodeCountsForTheActiveOneAlone();
     void keyOnALevelBeyondTheScaleComesBackIntoIt();
     void pollingThatAStreamStoppedStaysStopped();
@@ -44,8 +46,8 @@ void FaderSliderTest::eachKeyIsOneTenthAndSentOnItsRelease_data()
     QTest::newRow("Left") << int(Qt::Key_Left) << false << 69;
     QTest::newRow("numeric-pad minus") << int(Qt::Key_Minus) << true << 69;
     QTest::newRow("Page Up") << int(Qt::Key_PageUp) << false << 80;
-    QTest::newRow("Home") << int(Qt::Key_Home) << false << 99;
-    QTest::newRow("End") << int(Qt::Key_End) << false << 0;
+    QTest::newRow("Home") << int(Qt::Key_Home) << false << 70;
+    QTest::newRow("End") << int(Qt::Key_End) << false << 70;
     QTest::newRow("plus of the main keys") << int(Qt::Key_Plus) << false << 70;
 }
 
@@ -143,6 +145,28 @@ void FaderSliderTest::grooveAndWheelAreOneChangeEach()
     QVERIFY(console.Wheel(console.Main(), 120));
     QCOMPARE(console.Calls(), (Calls{"SetVol 60", "SetVol 61"}));
     QVERIFY(console.Find<QTimer>("tmrPoll")->isActive());
+}
+
+void FaderSliderTest::homeAndEndAreNobodysInTheDialogEither()
+{
+    FaderConsole console;
+    console.OpenDialog();
+    for (const int key : {Qt::Key_Home, Qt::Key_End})
+        console.Key(key);
+    QCOMPARE(console.Wrong("7.0", 29), QString());
+    QCOMPARE(console.Calls(), Calls{});
+}
+
+void FaderSliderTest::aButtonHeldInTheGrooveStepsOnce()
+{
+    FaderConsole console;
+    QTest::mousePress(console.Main(), Qt::LeftButton, {}, ThumbOf(console.Main(), 5));
+    QCOMPARE(console.Main()->value(), 19);
+    // Half a second is the toolkit's own time until it pages again, and again.
+    QVERIFY(!QTest::qWaitFor([&] { return console.Main()->value() != 19; }, 700));
+    QTest::mouseRelease(console.Main(), Qt::LeftButton, {}, ThumbOf(console.Main(), 5));
+    QCOMPARE(console.Wrong("8.0", 19), QString());
+    QCOMPARE(console.Calls(), Calls{"SetVol 80"});
 }
 
 void FaderSliderTest::sliderSetByCodeCountsForTheActiveOneAlone()
