@@ -68,6 +68,12 @@ bool KeyPreview::PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers mo
             link_.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit);
         return true;
     }
+    if (key == Qt::Key_F4 && modifiers == Qt::NoModifier) {
+        // The mute of a running stream restarts it, so its button is disabled as well.
+        if (!repeat && link_.UnitOnline() && !link_.InCall() && !panels_.optical->Stream().Running())
+            panels_.mute->cmdMute_Click();
+        return true;
+    }
     if (tabs_.Shown() == Tab::Help)
         return PreviewHelpKey(receiver, key, modifiers);
     return options_.Shortcuts && modifiers == Qt::ControlModifier && tabs_.Shown() == Tab::Eq &&

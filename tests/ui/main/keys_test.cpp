@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTimer>
 
 using namespace kelvo;
 
@@ -19,6 +20,11 @@ class KeysTest : public QObject {
     void f2IsCalledOffByABadValue();
     void f2AsksWhenTheConfirmBoxIsWanted();
     void aHeldKeyActsOnce();
+    void f4MutesAndUnMutesOnEveryTab_data();
+    void f4MutesAndUnMutesOnEveryTab();
+    void f4LeavesWhatIsTypedAlone();
+    void f4DoesNothing_data();
+    void f4DoesNothing();
     void aShortcutRunsItsCommand_data();
     void aShortcutRunsItsCommand();
     void aShortcutNeedsItsConditions_data();
@@ -122,6 +128,77 @@ void KeysTest::aHeldKeyActsOnce()
     console.Repeat(Qt::Key_F2);
     console.Release(Qt::Key_F2);
     QCOMPARE(console.Calls(), (Calls{"SetSystem", "SetAudio"}));
+}
+
+void KeysTest::f4MutesAndUnMutesOnEveryTab_data()
+{
+    QTest::addColumn<int>("tab");
+    for (int tab = 0; tab < TabCount; ++tab)
+        QTest::addRow("tab %d", tab) << tab;
+}
+
+void KeysTest::f4MutesAndUnMutesOnEveryTab()
+{
+    QFETCH(int, tab);
+    ConsoleUnderTest console(OnLine, Tab(tab));
+    console.Key(Qt::Key_F4);
+    QCOMPARE(console.Calls(), Calls{"SetMute -1"});
+    QCOMPARE(console.Find<QPushButton>("cmdMute")->text(), "Un-Mute");
+    console.Key(Qt::Key_F4);
+    QCOMPARE(console.Calls(), (Calls{"SetMute -1", "SetMute 0"}));
+    QCOMPARE(console.Find<QPushButton>("cmdMute")->text(), "Mute");
+}
+
+void KeysTest::f4LeavesWhatIsTypedAlone()
+{
+    ConsoleUnderTest console(OnLine, Tab::OutputTrim);
+    console.TypeOnly("lblPNG(2)", "3.");
+    console.Key(Qt::Key_F4);
+    QCOMPARE(console.Calls(), Calls{"SetMute -1"});
+    QCOMPARE(console.Find<QLineEdit>("lblPNG(2)")->text(), "3.");
+    QVERIFY(console.Find<QLineEdit>("lblPNG(2)")->hasFocus());
+}
+
+void KeysTest::f4DoesNothing_data()
+{
+    QTest::addColumn<std::function<void(ConsoleUnderTest &)>>("act");
+    const auto add = [](const char *name, std::function<void(ConsoleUnderTest &)> act) {
+        QTest::newRow(name) << std::move(act);
+    };
+    add("off line", [](ConsoleUnderTest &console) {
+        console.unit.panel.plugged = false;
+        console.AnswerNextBox("Connection Error", QMessageBox::Ok);
+        console.Tick("tmrPoll");
+        console.Forget();
+        console.Key(Qt::Key_F4);
+    });
+    add("while a stream runs", [](ConsoleUnderTest &console) {
+        console.GoTo(Tab::OpticalSetup);
+        console.Click("cmdStart");
+        console.Find<QTimer>("tmrOptical")->stop();
+        console.Forget();
+        console.Key(Qt::Key_F4);
+    });
+    add("while it repeats", [](ConsoleUnderTest &console) {
+        console.Repeat(Qt::Key_F4);
+        console.Release(Qt::Key_F4);
+    });
+    add("with Shift", [](ConsoleUnderTest &console) { console.Key(Qt::Key_F4, Qt::ShiftModifier); });
+    add("inside a call", [](ConsoleUnderTest &console) {
+        console.unit.FailNext(Operation::SetVol, 8, 1);
+        console.clock.duringPause = [&console] { console.Key(Qt::Key_F4); };
+        console.Type("lblVol(3)", "6");
+        console.Forget();
+    });
+}
+
+void KeysTest::f4DoesNothing()
+{
+    QFETCH(std::function<void(ConsoleUnderTest &)>, act);
+    ConsoleUnderTest console;
+    act(console);
+    QCOMPARE(console.Calls(), Calls());
+    QCOMPARE(console.room.MuteState, False);
 }
 
 void KeysTest::aShortcutRunsItsCommand_data()
