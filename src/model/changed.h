@@ -2,7 +2,6 @@
 
 #include "model/fields.h"
 
-#include <bitset>
 #include <initializer_list>
 
 namespace kelvo {
@@ -23,7 +22,7 @@ enum class Source {
 /// Which settings have new values, and from where: what a screen needs to follow.
 struct Changed {
     Source source;
-    std::bitset<FieldCount> fields{};
+    FieldSet fields{};
 
     static Changed Of(Source source, std::initializer_list<FieldId> ids)
     {
@@ -33,7 +32,7 @@ struct Changed {
         return changed;
     }
     /// All fields, or all that the unit holds.
-    static Changed Everything(Source source) { return {source, std::bitset<FieldCount>().set()}; }
+    static Changed Everything(Source source) { return {source, FieldSet().set()}; }
     static Changed Unit(Source source)
     {
         Changed changed = Everything(source);

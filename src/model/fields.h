@@ -4,6 +4,7 @@
 #include "model/levels.h"
 #include "model/roomsettings.h"
 
+#include <bitset>
 #include <span>
 #include <string>
 #include <vector>
@@ -43,6 +44,9 @@ struct Field {
 };
 
 inline constexpr int FieldCount = 153;
+
+/// Some of the fields: a bit for each, by `FieldId`.
+using FieldSet = std::bitset<FieldCount>;
 
 std::span<const Field, FieldCount> Fields();
 const Field &FieldOf(FieldId id);

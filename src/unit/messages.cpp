@@ -8,8 +8,9 @@ constexpr auto ErrorsHeader = "The following Errors were encountered:\n\n";
 constexpr auto ErrorsFooter = "\n\nCannot Continue On Line!\n";
 
 constexpr auto AllSent = "All sent";
-constexpr auto OneUnsent = "1 change not in the unit - F2";
-constexpr auto ManyUnsent = " changes not in the unit - F2";
+constexpr auto OneUnsent = "1 change not in the unit";
+constexpr auto ManyUnsent = " changes not in the unit";
+constexpr auto UploadKey = " - F2";
 
 constexpr auto LibraryHeader = "The device library could not be loaded. The console works off line.";
 constexpr auto LibraryFile = "\n\nFile: ";
@@ -50,13 +51,14 @@ std::string ErrorReport(Status status)
     return report + ErrorsFooter;
 }
 
-std::string SentText(std::optional<int> differences)
+std::string SentText(std::optional<int> differences, bool onLine)
 {
     if (!differences)
         return "";
     if (*differences == 0)
         return AllSent;
-    return *differences == 1 ? OneUnsent : std::to_string(*differences) + ManyUnsent;
+    return (*differences == 1 ? OneUnsent : std::to_string(*differences) + ManyUnsent) +
+           (onLine ? UploadKey : "");
 }
 
 std::string LibraryProblem(const std::string &file, const std::string &reason,

@@ -44,8 +44,9 @@ inline constexpr std::array<const char *, 11> ErrorLine{
 /// What the box lists when an accepted connection ends: one line for each known error bit.
 std::string ErrorReport(Status status);
 
-/// The line beside the lamp: "All sent", "3 changes not in the unit - F2", blank before a unit was read.
-std::string SentText(std::optional<int> differences);
+/// The line beside the lamp: "All sent", "3 changes not in the unit - F2", the key on line alone; blank
+/// before a unit was read.
+std::string SentText(std::optional<int> differences, bool onLine);
 
 inline constexpr auto SystemSearchPath = "the system's search path";
 

@@ -44,13 +44,13 @@ void KeepUnsent(const RoomSettings &screen, const RoomSettings &held, RoomSettin
     });
 }
 
-std::optional<int> CountDifferences(const RoomSettings &room, const UnitHolds &holds)
+FieldSet Unsent(const RoomSettings &room, const UnitHolds &holds)
 {
-    if (!holds.KnowsRecords())
-        return std::nullopt;
-    return int(std::ranges::count_if(Compare(room, holds.Room), [&](const Difference &difference) {
-        return holds.Knows(difference.field);
-    }));
+    FieldSet unsent;
+    if (holds.KnowsRecords())
+        for (const Difference &difference : Compare(room, holds.Room))
+            unsent.set(std::size_t(difference.field), holds.Knows(difference.field));
+    return unsent;
 }
 
 } // namespace kelvo

@@ -3,15 +3,14 @@
 #include "model/fields.h"
 #include "unit/testsignals.h"
 
-#include <bitset>
 #include <optional>
 
 namespace kelvo {
 
 /// What the unit last took or told.
 struct UnitHolds {
-    RoomSettings Room{};                  ///< as far as it is known
-    std::bitset<FieldCount> Known{};      ///< by `FieldId`
+    RoomSettings Room{}; ///< as far as it is known
+    FieldSet Known{};
     TestSignals Playing{};                ///< what the unit was last told to play
     std::optional<RoomSettings> Before{}; ///< what it held when the connection before this one was lost
 
@@ -37,7 +36,7 @@ struct LostStream {
 /// `room` gets back each setting of the records that stood on the `screen` and was not what the unit `held`.
 void KeepUnsent(const RoomSettings &screen, const RoomSettings &held, RoomSettings &room);
 
-/// How many settings differ from what the unit holds; empty until both its records are known.
-std::optional<int> CountDifferences(const RoomSettings &room, const UnitHolds &holds);
+/// The settings that differ from what the unit holds; none until both its records are known.
+FieldSet Unsent(const RoomSettings &room, const UnitHolds &holds);
 
 } // namespace kelvo

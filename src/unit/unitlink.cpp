@@ -219,6 +219,7 @@ void UnitLink::DispErr(Status code)
         view_.StreamLock(false);
         return;
     }
+    const OneChange change(*this);
     if (code != Success)
         ShowBox(LinkBox::Report, messages::ConnectionErrorTitle,
                 connectionAccepted_ ? messages::ErrorReport(code) : messages::UnableToConnect);
@@ -255,14 +256,22 @@ void UnitLink::Show(const Changed &changed)
     view_.Show(changed);
 }
 
+FieldSet UnitLink::NotInUnit() const
+{
+    FieldSet unsent = Unsent(room_, holds_);
+    // The unit is meant to hold a stream's format; the operator's waits.
+    if (forcedFormat_ && holds_.KnowsRecords())
+        unsent.set(std::size_t(field::Format),
+                   holds_.LiveOr(field::Format, *forcedFormat_) != *forcedFormat_);
+    // Off line nothing will send a mute: the hall is as the unit last said.
+    if (!unitOnline_)
+        unsent.reset(std::size_t(field::Mute));
+    return unsent;
+}
+
 std::optional<int> UnitLink::Differences() const
 {
-    if (!forcedFormat_)
-        return CountDifferences(room_, holds_);
-    // The unit is meant to hold the stream's format; the operator's waits.
-    RoomSettings meant = room_;
-    meant.CurrentFormat = *forcedFormat_;
-    return CountDifferences(meant, holds_);
+    return holds_.KnowsRecords() ? std::optional(int(NotInUnit().count())) : std::nullopt;
 }
 
 // Optical reads

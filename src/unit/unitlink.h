@@ -69,7 +69,8 @@ class UnitLink {
 
     UploadClock &Clock() { return clock_; } ///< what uploads stamp
     const UnitHolds &Holds() const { return holds_; }
-    /// How many settings the unit does not hold; empty until it was read.
+    /// What the unit is known not to hold, and how much that is: empty until it was read.
+    FieldSet NotInUnit() const;
     std::optional<int> Differences() const;
 
     void BeginChange() { ++changes_; } ///< for `OneChange` and a fader that is held
@@ -112,8 +113,7 @@ class UnitLink {
     bool unitBusy_ = false;   ///< a call that is not a status poll is in progress
     bool pollActive_ = false; ///< the status poll is making its calls
     bool connectionAccepted_ = false;
-    bool connecting_ = false;
-    bool polling_ = false;
+    bool connecting_ = false, polling_ = false;
     bool yielding_ = false; ///< the view may be running the event loop inside this object's call
 };
 

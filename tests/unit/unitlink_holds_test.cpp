@@ -6,14 +6,16 @@ TEST_CASE("before a unit was read nothing is said about differences")
 {
     LinkUnderTest console;
     CHECK(console.link.Differences() == std::nullopt);
-    CHECK(messages::SentText(std::nullopt) == "");
+    CHECK(messages::SentText(std::nullopt, false) == "");
 }
 
 TEST_CASE("the line beside the lamp")
 {
-    CHECK(messages::SentText(0) == "All sent");
-    CHECK(messages::SentText(1) == "1 change not in the unit - F2");
-    CHECK(messages::SentText(3) == "3 changes not in the unit - F2");
+    CHECK(messages::SentText(0, true) == "All sent");
+    CHECK(messages::SentText(1, true) == "1 change not in the unit - F2");
+    CHECK(messages::SentText(3, true) == "3 changes not in the unit - F2");
+    CHECK(messages::SentText(1, false) == "1 change not in the unit");
+    CHECK(messages::SentText(3, false) == "3 changes not in the unit");
 }
 
 TEST_CASE("after a connection everything on the screen is in the unit")
@@ -192,4 +194,32 @@ TEST_CASE("the line beside the lamp is right at every rest")
     rests([&] { console.link.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit); });
     rests([&] { console.link.ConnectToUnit(); });
     CHECK(shown == 0);
+}
+
+TEST_CASE("which settings the unit does not hold")
+{
+    LinkUnderTest unread;
+    unread.room.FaderLevel = 71;
+    CHECK(unread.link.NotInUnit().none());
+
+    ConnectedLink console;
+    CHECK(console.link.NotInUnit().none());
+    console.room.FaderLevel = 71;
+    console.room.Audio.ChannelTrim[Center] ^= 1;
+    FieldSet expected;
+    expected.set(std::size_t(field::Fader)).set(std::size_t(field::Trim(Center)));
+    CHECK(console.link.NotInUnit() == expected);
+    console.link.RetryFunction(UnitOp::SetVol);
+    CHECK(console.link.NotInUnit() == expected.reset(std::size_t(field::Fader)));
+}
+
+TEST_CASE("off line a mute is no change that the unit lacks")
+{
+    ConnectedLink console;
+    console.room.MuteState = True;
+    console.room.FaderLevel = 71;
+    CHECK(console.link.Differences() == 2);
+    console.link.SetConnectStatus(LinkState::OffLine);
+    CHECK(console.link.Differences() == 1);
+    CHECK(!console.link.NotInUnit().test(std::size_t(field::Mute)));
 }

@@ -15,6 +15,7 @@ struct Colours {
 };
 
 inline constexpr Colours Red{QColorConstants::Red, QColorConstants::White};
+inline constexpr Colours Amber{QColor(255, 191, 0), QColorConstants::Black};
 inline constexpr Colours Green{QColorConstants::Green, QColorConstants::Black};
 
 void Fill(QLabel *label, const Colours &colours);

@@ -1,6 +1,7 @@
 #include "ui/controls/choices.h"
 
 #include <QAbstractButton>
+#include <QPainter>
 
 #include <algorithm>
 
@@ -27,6 +28,17 @@ void ChoiceList::focusOutEvent(QFocusEvent *event)
 {
     wheel_.Drop();
     QComboBox::focusOutEvent(event);
+}
+
+/// The mark stands above the arrow, where no text comes.
+void ChoiceList::paintEvent(QPaintEvent *event)
+{
+    constexpr int FromEdge = 3;
+    QComboBox::paintEvent(event);
+    if (!unsent_.Shown())
+        return;
+    QPainter painter(this);
+    UnsentMark::Paint(painter, {width() - UnsentMark::Size - FromEdge, FromEdge});
 }
 
 /// A list that shows no choice has none before it.
@@ -64,9 +76,10 @@ void ShowChoice(QCheckBox *box, int value)
         box->setCheckState(Qt::PartiallyChecked);
 }
 
-FieldChoice::FieldChoice(FieldId field, Editor &editor, QComboBox *list)
+FieldChoice::FieldChoice(FieldId field, Editor &editor, ChoiceList *list)
     : field_(field),
       editor_(editor),
+      list_(list),
       show_([list](int stored) { ShowChoice(list, stored); })
 {
     QObject::connect(list, &QComboBox::activated, list,
@@ -86,6 +99,12 @@ void FieldChoice::Show(const Changed &changed) const
 {
     if (changed.Has(field_))
         show_(Get(editor_.Room(), field_));
+}
+
+void FieldChoice::ShowUnsent(const FieldSet &unsent) const
+{
+    if (list_)
+        list_->MarkUnsent(unsent.test(std::size_t(field_)));
 }
 
 void AddChoices(QComboBox *list, FieldId field)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "edit/editor.h"
+#include "ui/controls/unsentmark.h"
 #include "ui/controls/wheelsteps.h"
 
 #include <QButtonGroup>
@@ -18,15 +19,19 @@ class ChoiceList : public QComboBox {
 
   public:
     ChoiceList() { setFocusPolicy(Qt::StrongFocus); }
+    /// The unit does not hold what it shows.
+    void MarkUnsent(bool unsent) { unsent_.Show(unsent); }
     void showPopup() override;
 
   protected:
     void wheelEvent(QWheelEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
   private:
     void TurnBy(int items);
 
+    UnsentMark unsent_{this};
     WheelSteps wheel_{this, [this](int items) { TurnBy(items); }};
 };
 
@@ -63,14 +68,17 @@ void ShowChoice(QCheckBox *box, int value);
 /// editor; the user's choice of what is shown already is an edit as well.
 class FieldChoice {
   public:
-    FieldChoice(FieldId field, Editor &editor, QComboBox *list);
+    FieldChoice(FieldId field, Editor &editor, ChoiceList *list);
     FieldChoice(FieldId field, Editor &editor, QButtonGroup *options);
 
     void Show(const Changed &changed) const;
+    /// A list bears a mark; a group of buttons has no place for one.
+    void ShowUnsent(const FieldSet &unsent) const;
 
   private:
     FieldId field_;
     Editor &editor_;
+    ChoiceList *list_ = nullptr;
     std::function<void(int)> show_;
 };
 

@@ -34,6 +34,7 @@ class LevelPair : public QObject {
     /// Another field of the same scale from now on.
     void Bind(FieldId field);
     void Show(const Changed &changed);
+    void ShowUnsent(const FieldSet &unsent) { slider_->MarkUnsent(unsent.test(std::size_t(field_))); }
 
   private:
     int Position() const { return slider_->value(); }

@@ -280,6 +280,14 @@ int LevelSlider::CentreOf(int position) const
     return ThumbAt(position).center().y();
 }
 
+/// The upper right corner, or the lower one while the thumb stands in that.
+QPoint LevelSlider::CornerBeside(const QRect &thumb) const
+{
+    const QPoint upper(width() - UnsentMark::Size, 0);
+    const bool free = thumb.top() >= UnsentMark::Size;
+    return free ? upper : QPoint(upper.x(), height() - UnsentMark::Size);
+}
+
 /// The groove is filled between the thumb and value 0, which the toolkit's own slider cannot show.
 void LevelSlider::paintEvent(QPaintEvent *)
 {
@@ -305,6 +313,8 @@ void LevelSlider::paintEvent(QPaintEvent *)
     painter.setPen(palette().color(QPalette::ButtonText));
     painter.drawLine(QPointF(thumb.left() + 4, thumb.center().y() + 0.5),
                      QPointF(thumb.right() - 3, thumb.center().y() + 0.5));
+    if (unsent_.Shown())
+        UnsentMark::Paint(painter, CornerBeside(thumb));
 }
 
 } // namespace kelvo

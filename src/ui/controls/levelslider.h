@@ -2,6 +2,7 @@
 
 #include "model/levels.h"
 #include "ui/controls/entrywindow.h"
+#include "ui/controls/unsentmark.h"
 #include "ui/controls/wheelsteps.h"
 
 #include <QSlider>
@@ -31,6 +32,8 @@ class LevelSlider : public QSlider {
     void SetNeighbours(LevelSlider *left, LevelSlider *right);
     /// Ends the user's hold, whatever began it.
     void LetGo();
+    /// The unit does not hold what it shows.
+    void MarkUnsent(bool unsent) { unsent_.Show(unsent); }
     /// The middle of the thumb at a position, down from the slider's top.
     int CentreOf(int position) const;
 
@@ -66,6 +69,7 @@ class LevelSlider : public QSlider {
     int PositionsOf(const QKeyEvent &key) const;
     LevelSlider *NeighbourFor(int key) const;
     QRect ThumbAt(int position) const;
+    QPoint CornerBeside(const QRect &thumb) const;
 
     const LevelRule rule_;
     EntryWindow &entries_;
@@ -74,6 +78,7 @@ class LevelSlider : public QSlider {
     LevelSlider *right_ = nullptr;
     Hand hand_ = Hand::None;
     QTimer *tmrHold_ = nullptr; ///< made for the first key that is held
+    UnsentMark unsent_{this};
     WheelSteps wheel_{this, [this](int notches) { TurnBy(notches); }};
     int wheelAngle_ = 0;
     bool quiet_ = false;

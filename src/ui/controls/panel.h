@@ -16,6 +16,8 @@ class Panel {
     virtual void LeaveTab() {}
     /// Its buttons read as what plays; nothing is sent.
     virtual void ShowTestSignals(const TestSignals &) {}
+    /// These settings are not in the unit: their sliders and lists are marked, the others are not.
+    virtual void ShowUnsent(const FieldSet &) {}
 };
 
 } // namespace kelvo

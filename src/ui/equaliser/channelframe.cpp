@@ -20,6 +20,12 @@ void ChannelFrame::Show(const Changed &changed)
         pair->Show(changed);
 }
 
+void ChannelFrame::ShowUnsent(const FieldSet &unsent)
+{
+    for (LevelPair *pair : pairs_)
+        pair->ShowUnsent(unsent);
+}
+
 QString SpokenName(FieldId field)
 {
     const Field &facts = FieldOf(field);

@@ -17,6 +17,7 @@ class ChannelFrame : public QGroupBox {
     /// Shows this channel from now on; its title and what a screen reader says are the channel's.
     virtual void Bind(int channel);
     virtual void Show(const Changed &changed);
+    void ShowUnsent(const FieldSet &unsent);
     /// A slice's first bytes are theirs, in this order.
     std::span<LevelPair *const> Pairs() const { return pairs_; }
 

@@ -168,6 +168,7 @@ void EqualiserPanel::LoadChannelData()
         pair->Bind(field);
         pair->SetAccessibleName(SpokenName(field));
     }
+    ShowUnsent(link_.NotInUnit());
 }
 
 void EqualiserPanel::Show(const Changed &changed)
@@ -176,6 +177,14 @@ void EqualiserPanel::Show(const Changed &changed)
         frame->Show(changed);
     bass_->Show(changed);
     treble_->Show(changed);
+}
+
+void EqualiserPanel::ShowUnsent(const FieldSet &unsent)
+{
+    for (ChannelFrame *frame : frames_)
+        frame->ShowUnsent(unsent);
+    bass_->ShowUnsent(unsent);
+    treble_->ShowUnsent(unsent);
 }
 
 // Commands

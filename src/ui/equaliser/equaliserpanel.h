@@ -29,6 +29,7 @@ class EqualiserPanel : public QWidget, public Panel {
     void Show(const Changed &changed) override;
     void LeaveTab() override;
     void ShowTestSignals(const TestSignals &playing) override;
+    void ShowUnsent(const FieldSet &unsent) override;
 
     void cmdEQChan_Click(int channel);
     void cmdPink_Click();

@@ -103,7 +103,7 @@ QGroupBox *OptionsPanel::BuildMatrix()
     return group;
 }
 
-QComboBox *OptionsPanel::BuildList(const char *name, FieldId field)
+ChoiceList *OptionsPanel::BuildList(const char *name, FieldId field)
 {
     auto *list = Named(new ChoiceList, name);
     list->setAccessibleName(QString::fromStdString(Name(field)));
@@ -130,6 +130,12 @@ void OptionsPanel::Show(const Changed &changed)
         choice.Show(changed);
     if (changed.Has(field::DisableMatrix))
         ShowChoice(chkDisableMatrix_, editor_.Room().System.DisableMatrix);
+}
+
+void OptionsPanel::ShowUnsent(const FieldSet &unsent)
+{
+    for (const FieldChoice &choice : choices_)
+        choice.ShowUnsent(unsent);
 }
 
 void OptionsPanel::chkDisableMatrix_Click(bool checked)

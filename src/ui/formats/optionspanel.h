@@ -24,6 +24,7 @@ class OptionsPanel : public QWidget, public Panel {
     void InitialiseLookupArrays();
     /// A byte beyond its list shows no choice.
     void Show(const Changed &changed) override;
+    void ShowUnsent(const FieldSet &unsent) override;
 
   private:
     QGroupBox *BuildPowerOnFormat();
@@ -31,7 +32,7 @@ class OptionsPanel : public QWidget, public Panel {
     QGroupBox *BuildNonsync();
     QGroupBox *BuildDelays();
     QGroupBox *BuildMatrix();
-    QComboBox *BuildList(const char *name, FieldId field);
+    ChoiceList *BuildList(const char *name, FieldId field);
     QButtonGroup *BuildGroup(QWidget *parent, FieldId field);
 
     void chkDisableMatrix_Click(bool checked);

@@ -90,6 +90,12 @@ void MasterFader::Show(const Changed &changed)
         ReflectVolumeLevel();
 }
 
+void MasterFader::ShowUnsent(const FieldSet &unsent)
+{
+    for (LevelSlider *slider : {frmFader_->Slider(), sclVol_})
+        slider->MarkUnsent(unsent.test(std::size_t(field::Fader)));
+}
+
 void MasterFader::ReflectVolumeLevel()
 {
     const int level = editor_.Room().FaderLevel;

@@ -33,6 +33,7 @@ class MasterFader : public QObject, public Panel {
     void BuildDialog();
 
     void Show(const Changed &changed) override;
+    void ShowUnsent(const FieldSet &unsent) override;
     /// The text of `lblVol(0)`.
     QString FieldText() const;
     /// Puts "7.0" into `lblVol(0)` and validates it.

@@ -112,6 +112,12 @@ void ObePanel::Show(const Changed &changed)
     ReflectOBEStatus(changed.Adopted());
 }
 
+void ObePanel::ShowUnsent(const FieldSet &unsent)
+{
+    level_->ShowUnsent(unsent);
+    cboObeF_->MarkUnsent(unsent.test(std::size_t(field::ObeFreq)));
+}
+
 void ObePanel::ReflectOBEStatus(bool adopted)
 {
     const bool on = ObeEnabled(editor_.Room().Audio);

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "ui/controls/choices.h"
 #include "ui/controls/levelpair.h"
 #include "ui/controls/panel.h"
 #include "ui/controls/statebutton.h"
 
-#include <QComboBox>
 #include <QGroupBox>
 #include <QPushButton>
 #include <QWidget>
@@ -30,6 +30,7 @@ class ObePanel : public QWidget, public Panel {
     void Show(const Changed &changed) override;
     void LeaveTab() override;
     void ShowTestSignals(const TestSignals &playing) override;
+    void ShowUnsent(const FieldSet &unsent) override;
 
   private:
     /// A noise button and the channel that it plays on.
@@ -52,7 +53,7 @@ class ObePanel : public QWidget, public Panel {
     int ObeMode_ =
         1; ///< the frequency that comes back when the function is switched on: 1 to 8 = 50 to 120 Hz
     ToggleButton *cmdOBEEnable_;
-    QComboBox *cboObeF_;
+    ChoiceList *cboObeF_;
     LevelPair *level_;
     std::array<Noise, 2> noise_{};
 };

@@ -118,6 +118,12 @@ void OutputTrimPanel::Show(const Changed &changed)
         column.trim->Show(changed);
 }
 
+void OutputTrimPanel::ShowUnsent(const FieldSet &unsent)
+{
+    for (const ChannelColumn &column : columns_)
+        column.trim->ShowUnsent(unsent);
+}
+
 void OutputTrimPanel::cmdReset_Click()
 {
     if (!entries_.CommitEntry())

@@ -27,6 +27,7 @@ class OutputTrimPanel : public QWidget, public Panel {
     void Show(const Changed &changed) override;
     void LeaveTab() override;
     void ShowTestSignals(const TestSignals &playing) override;
+    void ShowUnsent(const FieldSet &unsent) override;
     /// The six `cmdPN` read "Off"; nothing is sent.
     void ShowNoiseOff();
 

@@ -95,7 +95,8 @@ void FrmMain::ShowRoom(const Changed &changed)
 
 void FrmMain::ShowSent()
 {
-    column_->ShowSent(link_.Differences(), recovery_->Offer());
+    column_->ShowSent(link_.Differences(), link_.UnitOnline(), recovery_->Offer());
+    panels_.ShowUnsent(link_.NotInUnit());
     column_->ShowSlots(editor_.Kept(), editor_.Room());
     edit_->Reflect();
     files_->FollowFile();

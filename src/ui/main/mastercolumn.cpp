@@ -6,6 +6,7 @@
 #include "unit/messages.h"
 
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -41,6 +42,9 @@ MasterColumn::MasterColumn(QWidget *masterFader)
     lblSent_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     lblSent_->setMinimumHeight(3 * lblSent_->fontMetrics().lineSpacing());
     lblSlot_->setAlignment(Qt::AlignCenter);
+    lblSent_->setCursor(Qt::PointingHandCursor);
+    lblSent_->setAccessibleDescription(messages::SentHint);
+    lblSent_->installEventFilter(this);
     lblClock_->setAlignment(Qt::AlignCenter);
 
     setFixedWidth(ColumnWidth);
@@ -63,10 +67,16 @@ void MasterColumn::ShowConnectStatus(LinkState state)
     lblStat_->repaint();
 }
 
-void MasterColumn::ShowSent(std::optional<int> differences, const QString &offer)
+void MasterColumn::ShowSent(std::optional<int> differences, bool onLine, const QString &offer)
 {
-    const bool offers = differences.value_or(0) == 0 && !offer.isEmpty();
-    lblSent_->setText(offers ? offer : QString::fromStdString(messages::SentText(differences)));
+    const bool lacks = differences.value_or(0) != 0;
+    lblSent_->setText(lacks || offer.isEmpty()
+                          ? QString::fromStdString(messages::SentText(differences, onLine))
+                          : offer);
+    if (lacks)
+        Fill(lblSent_, Amber);
+    else
+        ClearFill(lblSent_);
 }
 
 void MasterColumn::ShowSlots(const Slots &kept, const RoomSettings &room)
@@ -76,6 +86,16 @@ void MasterColumn::ShowSlots(const Slots &kept, const RoomSettings &room)
         if (kept.Equals(slot, room))
             equal += QString(Slots::NameOf(slot));
     lblSlot_->setText(equal.isEmpty() ? QString() : QString(messages::SlotShown).arg(equal.join(", ")));
+}
+
+bool MasterColumn::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == lblSent_ && event->type() == QEvent::MouseButtonRelease) {
+        const auto *mouse = static_cast<QMouseEvent *>(event);
+        if (mouse->button() == Qt::LeftButton && lblSent_->rect().contains(mouse->position().toPoint()))
+            emit SentClicked();
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void MasterColumn::ShowTime(const std::string &time)

@@ -22,8 +22,8 @@ class MasterColumn : public QWidget {
 
     /// The lamp is on the screen before this returns.
     void ShowConnectStatus(LinkState state);
-    /// `offer` stands there instead while the unit lacks nothing.
-    void ShowSent(std::optional<int> differences, const QString &offer);
+    /// `offer`, when there is one, stands there while the unit lacks nothing.
+    void ShowSent(std::optional<int> differences, bool onLine, const QString &offer);
     /// Which slots the room equals.
     void ShowSlots(const Slots &kept, const RoomSettings &room);
     void ShowTime(const std::string &time);
@@ -31,6 +31,10 @@ class MasterColumn : public QWidget {
 
   signals:
     void ConnectClicked();
+    void SentClicked(); ///< on the line that tells what the unit lacks
+
+  protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
   private:
     QLabel *lblStat_;

@@ -9,6 +9,7 @@ inline constexpr auto Untitled = "Untitled";
 inline constexpr auto FromUnit = "CP Settings";
 inline constexpr auto ConnectCaption = "Connect";
 inline constexpr auto UnitInformation = "Processor Unit Information";
+inline constexpr auto SentHint = "A click opens what this line tells of.";
 inline constexpr auto OffLineHint = "Off line. Press Connect or F1.";
 
 inline constexpr auto SettingsFilter = "Kelvo Zentra Config Files (*.zcf)";

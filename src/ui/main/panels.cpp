@@ -2,6 +2,8 @@
 
 #include "ui/controls/uploadbutton.h"
 
+#include <utility>
+
 namespace kelvo {
 
 Panels::Panels(Editor &editor, UnitLink &link, EntryWindow &entries, const Window &window)
@@ -43,6 +45,14 @@ void Panels::ShowTestSignals(const TestSignals &playing) const
 {
     for (Panel *panel : all_)
         panel->ShowTestSignals(playing);
+}
+
+void Panels::ShowUnsent(const FieldSet &unsent)
+{
+    if (std::exchange(unsent_, unsent) == unsent)
+        return;
+    for (Panel *panel : all_)
+        panel->ShowUnsent(unsent);
 }
 
 void Panels::EnableConnected(bool enable) const

@@ -33,6 +33,8 @@ class Panels {
 
     void Show(const Changed &changed) const;
     void ShowTestSignals(const TestSignals &playing) const;
+    /// Cheap while it is the same as before.
+    void ShowUnsent(const FieldSet &unsent);
     /// The frames and buttons that are enabled while a unit is connected.
     void EnableConnected(bool enable) const;
     std::array<TabPages::Content, TabCount> Contents() const;
@@ -53,6 +55,7 @@ class Panels {
   private:
     std::vector<Panel *> all_;
     std::vector<QWidget *> connected_;
+    FieldSet unsent_;
 };
 
 } // namespace kelvo

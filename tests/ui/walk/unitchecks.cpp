@@ -145,17 +145,19 @@ std::optional<int> Unsent(const Walker &walker)
     const Word format = walker.Streaming() ? StreamFormat : holds.Format();
     return DifferentSettings(holds.Audio(), *unit.audio) + DifferentSettings(holds.System(), *unit.system) +
            (unit.fader && holds.Fader() != *unit.fader) +
-           (unit.mute && holds.Muted() != (*unit.mute != False)) + (unit.format && format != *unit.format);
+           (walker.OnLine() && unit.mute && holds.Muted() != (*unit.mute != False)) +
+           (unit.format && format != *unit.format);
 }
 
 QString WrongSent(const Walker &walker)
 {
     const QString shown = walker.Console().Find<QLabel>("lblSent")->text();
     const auto count = Unsent(walker);
-    const QString truth = !count        ? QString()
-                          : *count == 0 ? QString("All sent")
-                          : *count == 1 ? QString("1 change not in the unit - F2")
-                                        : QString("%1 changes not in the unit - F2").arg(*count);
+    const QString truth = !count ? QString()
+                          : *count == 0
+                              ? QString("All sent")
+                              : (*count == 1 ? QString("1 change") : QString("%1 changes").arg(*count)) +
+                                    " not in the unit" + (walker.OnLine() ? " - F2" : "");
     return shown == truth ? "" : QString("lblSent reads \"%1\", not \"%2\"").arg(shown, truth);
 }
 
