@@ -1,6 +1,7 @@
 #include "ui/main/frmmain.h"
 
 #include "ui/controls/named.h"
+#include "ui/main/guidecommand.h"
 #include "ui/main/keypreview.h"
 #include "ui/main/messages.h"
 
@@ -60,6 +61,7 @@ FrmMain::FrmMain(RoomSettings &room, Preferences &options, FileState &file, Devi
     connect(files_, &FileCommands::Named, this, &FrmMain::ShowTitle);
     connect(files_, &FileCommands::Reset, this, [this] { panels_.ShowTestSignals({}); });
     connect(panels_.optical, &OpticalPanel::StreamShown, menus_, &Menus::EnableForStream);
+    new GuideCommand(*menus_, places_.helpFile, memory_, this);
     BuildTabs();
     ArrangeWindow();
     panels_.fader->BuildDialog();

@@ -56,7 +56,7 @@ bool KeyPreview::PreviewWheel(QWidget *receiver, int angle)
 
 bool KeyPreview::PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers modifiers, bool repeat)
 {
-    const bool connect = key == Qt::Key_F1;
+    const bool connect = key == Qt::Key_F1 && !(modifiers & Qt::ShiftModifier); // with it, the guide's
     const bool upload = key == Qt::Key_F2;
     if (connect || upload) {
         // Connect does nothing on line, so it is asked first and takes what is typed itself.

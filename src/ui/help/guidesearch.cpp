@@ -1,5 +1,6 @@
+#include "ui/help/guidesearch.h"
+
 #include "ui/controls/named.h"
-#include "ui/help/helppanel.h"
 #include "ui/help/messages.h"
 
 #include <QHBoxLayout>
@@ -18,57 +19,45 @@ const QColor ShownGround(255, 170, 60);
 
 } // namespace
 
-QWidget *HelpPanel::BuildSearchBar()
+GuideSearch::GuideSearch(HelpPage *page, const char *field)
+    : page_(page),
+      field_(Named(new QLineEdit, field)),
+      lblFound_(Named(new QLabel, "lblFound"))
 {
-    auto *bar = Named(new QWidget, "frmFind");
-    txtFind_->setAccessibleName(messages::SearchName);
-    txtFind_->installEventFilter(this);
-    connect(txtFind_, &QLineEdit::textChanged, this, &HelpPanel::FindAll);
+    field_->setAccessibleName(messages::SearchName);
+    field_->installEventFilter(this);
+    connect(field_, &QLineEdit::textChanged, this, &GuideSearch::FindAll);
 
-    const auto button = [](const char *name, const char *caption, const char *hint) {
+    const auto button = [this](const char *name, const char *caption, const char *hint, int direction) {
         auto *made = Named(new QPushButton(caption), name);
         made->setToolTip(hint);
         made->setAutoDefault(false);
+        connect(made, &QPushButton::clicked, this, [this, direction] { Step(direction); });
         return made;
     };
-    auto *cmdPrevious = button("cmdPrevious", messages::PreviousCaption, messages::PreviousHint);
-    auto *cmdNext = button("cmdNext", messages::NextCaption, messages::NextHint);
-    auto *cmdCloseFind = button("cmdCloseFind", messages::CloseSearchCaption, messages::CloseSearchHint);
-    connect(cmdPrevious, &QPushButton::clicked, this, [this] { Step(-1); });
-    connect(cmdNext, &QPushButton::clicked, this, [this] { Step(1); });
-    connect(cmdCloseFind, &QPushButton::clicked, this, &HelpPanel::CloseSearch);
-
-    auto *row = new QHBoxLayout(bar);
+    auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 3);
     row->addWidget(new QLabel(messages::SearchCaption));
-    row->addWidget(txtFind_, 1);
+    row->addWidget(field_, 1);
     row->addWidget(lblFound_);
-    row->addWidget(cmdPrevious);
-    row->addWidget(cmdNext);
-    row->addWidget(cmdCloseFind);
-    return bar;
+    row->addWidget(button("cmdPrevious", messages::PreviousCaption, messages::PreviousHint, -1));
+    row->addWidget(button("cmdNext", messages::NextCaption, messages::NextHint, 1));
 }
 
-void HelpPanel::OpenSearch()
+void GuideSearch::Begin()
 {
-    if (!isEnabled())
-        return;
-    searchBar_->show();
-    txtFind_->setFocus();
-    txtFind_->selectAll();
+    field_->setFocus();
+    field_->selectAll();
 }
 
-void HelpPanel::CloseSearch()
+void GuideSearch::Clear()
 {
-    if (searchBar_->isAncestorOf(focusWidget()))
-        RTFc_->setFocus();
-    searchBar_->hide();
-    txtFind_->clear();
+    field_->clear();
 }
 
-bool HelpPanel::eventFilter(QObject *watched, QEvent *event)
+bool GuideSearch::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched != txtFind_ || event->type() != QEvent::KeyPress)
+    if (watched != field_ || event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(watched, event);
     const auto *key = static_cast<QKeyEvent *>(event);
     switch (key->key()) {
@@ -81,15 +70,15 @@ bool HelpPanel::eventFilter(QObject *watched, QEvent *event)
     }
 }
 
-void HelpPanel::FindAll()
+void GuideSearch::FindAll()
 {
     // The search goes on from where the reader is, so that typing on keeps the place.
-    const int from = RTFc_->textCursor().selectionStart();
+    const int from = page_->textCursor().selectionStart();
     found_.clear();
     shown_ = -1;
-    QTextCursor place(RTFc_->document());
-    while (!txtFind_->text().isEmpty() && found_.size() < MostFound) {
-        place = RTFc_->document()->find(txtFind_->text(), place);
+    QTextCursor place(page_->document());
+    while (!field_->text().isEmpty() && found_.size() < MostFound) {
+        place = page_->document()->find(field_->text(), place);
         if (place.isNull())
             break;
         found_.append(place);
@@ -101,7 +90,7 @@ void HelpPanel::FindAll()
     ShowFound();
 }
 
-void HelpPanel::Step(int direction)
+void GuideSearch::Step(int direction)
 {
     if (found_.isEmpty())
         return;
@@ -109,7 +98,7 @@ void HelpPanel::Step(int direction)
     ShowFound();
 }
 
-void HelpPanel::ShowFound()
+void GuideSearch::ShowFound()
 {
     QList<QTextEdit::ExtraSelection> marks;
     for (qsizetype index = 0; index < found_.size(); ++index) {
@@ -118,9 +107,9 @@ void HelpPanel::ShowFound()
         ground.setForeground(Qt::black);
         marks.append({found_[index], ground});
     }
-    RTFc_->setExtraSelections(marks);
+    page_->setExtraSelections(marks);
     if (found_.isEmpty()) {
-        lblFound_->setText(txtFind_->text().isEmpty() ? QString() : QString(messages::NotFound));
+        lblFound_->setText(field_->text().isEmpty() ? QString() : QString(messages::NotFound));
         return;
     }
     const bool all = found_.size() < MostFound;
@@ -129,8 +118,8 @@ void HelpPanel::ShowFound()
     // A cursor without selection: the mark is the highlight.
     QTextCursor place = found_[shown_];
     place.setPosition(place.selectionStart());
-    RTFc_->setTextCursor(place);
-    RTFc_->ensureCursorVisible();
+    page_->setTextCursor(place);
+    page_->ensureCursorVisible();
 }
 
 } // namespace kelvo
