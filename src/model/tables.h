@@ -52,6 +52,6 @@ inline constexpr std::array<const char *, TheaterTextCount> TheaterName{
     "Phone",   "S/N of Processor", "Screen Number", "Date Installed", "Notes"};
 
 /// The texts that something is done with.
-enum TheaterIndex { NameOfTheater = 1, DateInstalled = 9, Notes = 10 };
+enum TheaterIndex { NameOfTheater = 1, ScreenNumber = 8, DateInstalled = 9, Notes = 10 };
 
 } // namespace kelvo

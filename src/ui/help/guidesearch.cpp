@@ -26,6 +26,7 @@ GuideSearch::GuideSearch(HelpPage *page, const char *field)
 {
     field_->setAccessibleName(messages::SearchName);
     field_->installEventFilter(this);
+    field_->setAcceptDrops(false); // a file that is dropped is to be opened, not its name to be looked for
     connect(field_, &QLineEdit::textChanged, this, &GuideSearch::FindAll);
 
     const auto button = [this](const char *name, const char *caption, const char *hint, int direction) {

@@ -47,13 +47,14 @@ void TellFailure(QWidget *window, const Message &cannot, const QString &path, co
 } // namespace
 
 FileCommands::FileCommands(Editor &editor, FileState &file, UnitLink &link, OpticalStream &stream,
-                           EntryWindow &entries, QWidget *window)
+                           EntryWindow &entries, RecentFiles &recent, QWidget *window)
     : QObject(window),
       editor_(editor),
       file_(file),
       link_(link),
       stream_(stream),
       entries_(entries),
+      recent_(recent),
       window_(window)
 {
 }
@@ -78,13 +79,20 @@ void FileCommands::mnuNew_Click()
     dialogFile_.clear();
 }
 
-void FileCommands::mnuLoad_Click()
+/// What stands on the screen may give way to a file: its save question is answered.
+bool FileCommands::MayBeReplaced()
 {
     if (!entries_.CommitEntry())
+        return false;
+    const bool asks = file_.FileLoaded && file_.SettingsChanged;
+    return !asks || !Ask(window_, messages::SaveChanges) || SaveAsked();
+}
+
+void FileCommands::mnuLoad_Click()
+{
+    if (!MayBeReplaced())
         return;
-    if (file_.FileLoaded && file_.SettingsChanged && Ask(window_, messages::SaveChanges) && !SaveAsked())
-        return;
-    QFileDialog dialog(window_);
+    QFileDialog dialog(window_, {}, recent_.Folder());
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setNameFilters({messages::SettingsFilter, messages::OldFilter});
     const QString path = RunDialog(dialog);
@@ -92,11 +100,19 @@ void FileCommands::mnuLoad_Click()
         OpenFile(path);
 }
 
+void FileCommands::OpenChosen(const QString &path)
+{
+    if (MayBeReplaced())
+        OpenFile(path);
+}
+
 bool FileCommands::OpenFile(const QString &path)
 {
     const bool loaded = Load(path, Source::File);
-    if (loaded)
+    if (loaded) {
         dialogFile_ = path;
+        recent_.Add(path, editor_.Room());
+    }
     return loaded;
 }
 
@@ -112,6 +128,8 @@ bool FileCommands::Load(const QString &path, Source source)
     const auto failure = LoadConfigFile(path.toStdString(), room);
     if (failure) {
         TellFailure(window_, messages::CannotOpen, path, *failure);
+        if (!QFileInfo::exists(path))
+            recent_.Remove(path);
     } else {
         const FlagGuard loading(link_.Updating);
         editor_.Adopt(std::move(room), source);
@@ -157,12 +175,10 @@ bool FileCommands::mnuSaveAs_Click()
 {
     if (!entries_.CommitEntry())
         return false;
-    QFileDialog dialog(window_);
+    QFileDialog dialog(window_, {}, recent_.Folder());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilters({messages::SettingsFilter});
-    if (!dialogFile_.isEmpty())
-        dialog.setDirectory(QFileInfo(dialogFile_).absolutePath());
     dialog.selectFile(ProposedName());
     const QString path = RunDialog(dialog);
     if (path.isEmpty() || !SaveTo(path))
@@ -193,6 +209,7 @@ bool FileCommands::SaveTo(const QString &path)
         return false;
     }
     editor_.Saved(path.toStdString());
+    recent_.Add(path, editor_.Room());
     ShowName(QDir::toNativeSeparators(path));
     return true;
 }

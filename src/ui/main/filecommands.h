@@ -2,6 +2,7 @@
 
 #include "edit/editor.h"
 #include "ui/controls/entrywindow.h"
+#include "ui/main/recentfiles.h"
 #include "unit/opticalstream.h"
 
 #include <QObject>
@@ -19,7 +20,7 @@ class FileCommands : public QObject {
 
   public:
     FileCommands(Editor &editor, FileState &file, UnitLink &link, OpticalStream &stream, EntryWindow &entries,
-                 QWidget *window);
+                 RecentFiles &recent, QWidget *window);
 
     void mnuNew_Click();
     void mnuLoad_Click();
@@ -34,6 +35,8 @@ class FileCommands : public QObject {
     bool Revert(const QString &path);
     /// The editor has gone to a step of another file: title and Save follow.
     void FollowFile();
+    /// The same with the question that `mnuLoad` asks first, for a file that was chosen without its dialog.
+    void OpenChosen(const QString &path);
 
   signals:
     void Named(const QString &title); ///< what stands between the title's angle brackets
@@ -42,6 +45,7 @@ class FileCommands : public QObject {
 
   private:
     bool Load(const QString &path, Source source);
+    bool MayBeReplaced();
     bool SaveTo(const QString &path);
     void ShowName(const QString &title);
     void AllowSave(bool may);
@@ -52,6 +56,7 @@ class FileCommands : public QObject {
     UnitLink &link_;
     OpticalStream &stream_;
     EntryWindow &entries_;
+    RecentFiles &recent_;
     QWidget *window_;
     std::string shownFile_; ///< `FileState::CurrentFileName` as the title follows it
     QString dialogFile_;    ///< what the file dialogs chose last; "" = nothing

@@ -1,9 +1,11 @@
 #include "ui/main/frmmain.h"
 
 #include "ui/controls/named.h"
+#include "ui/main/droptarget.h"
 #include "ui/main/guidecommand.h"
 #include "ui/main/keypreview.h"
 #include "ui/main/messages.h"
+#include "ui/main/recentmenu.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -48,7 +50,8 @@ FrmMain::FrmMain(RoomSettings &room, Preferences &options, FileState &file, Devi
                .editTheater = [this] { menus_->mnuSet_Click(); }}),
       snapshot_(places_.programDirectory, places_.ownsFiles, editor_, link_, this,
                 [this](const QString &fault) { TellFault(fault); }),
-      files_(new FileCommands(editor_, file, link_, panels_.optical->Stream(), entries_, this)),
+      recent_(memory_, snapshot_.Path()),
+      files_(new FileCommands(editor_, file, link_, panels_.optical->Stream(), entries_, recent_, this)),
       menus_(new Menus(this, {editor_, options, link_, entries_, *files_,
                               [this] { return link_.InCall() || closing_->Running(); }})),
       recovery_(new Recovery(editor_, clock, places_.JournalFolder(), this)),
@@ -61,6 +64,7 @@ FrmMain::FrmMain(RoomSettings &room, Preferences &options, FileState &file, Devi
     connect(files_, &FileCommands::Named, this, &FrmMain::ShowTitle);
     connect(files_, &FileCommands::Reset, this, [this] { panels_.ShowTestSignals({}); });
     connect(panels_.optical, &OpticalPanel::StreamShown, menus_, &Menus::EnableForStream);
+    new RecentMenu(*menus_, *files_, recent_, this);
     new GuideCommand(*menus_, places_.helpFile, memory_, this);
     BuildTabs();
     ArrangeWindow();
@@ -69,6 +73,8 @@ FrmMain::FrmMain(RoomSettings &room, Preferences &options, FileState &file, Devi
     auto *keys = new KeyPreview(link_, entries_, options, panels_, *tabs_, this);
     keys->setParent(this);
     connect(keys, &KeyPreview::ConnectPressed, this, &FrmMain::cmdConnect_Click);
+    auto *drops = new DropTarget([this] { return menus_->Usable(); }, this);
+    connect(drops, &DropTarget::Dropped, files_, &FileCommands::OpenChosen);
 }
 
 FrmMain::~FrmMain()

@@ -85,6 +85,7 @@ class FrmMain final : public QMainWindow, private LinkView {
     EntryWindow entries_;
     Panels panels_;
     Snapshot snapshot_;
+    RecentFiles recent_;
     FileCommands *files_;
     Menus *menus_;
     Recovery *recovery_;

@@ -5,6 +5,7 @@
 #include "ui/theatre/frmtheater.h"
 #include "ui/theatre/frmtime.h"
 
+#include <QApplication>
 #include <QMenuBar>
 #include <QPointer>
 
@@ -151,6 +152,12 @@ void Menus::Enable(bool enable)
     for (QMenu *menu : {mnuFile_, mnuOpt_, mnuEdit_, mnuTools_, mnuSimulator_})
         if (menu)
             menu->setEnabled(enable);
+}
+
+bool Menus::Usable() const
+{
+    return window_->isEnabled() && mnuFile_->isEnabled() && !desk_.busy() &&
+           !QApplication::activeModalWidget();
 }
 
 void Menus::EnableForStream(bool streaming)

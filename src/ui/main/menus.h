@@ -45,6 +45,8 @@ class Menus : public QObject {
     /// The preferences have been read: marks and enabled items follow them.
     void ShowPreferences();
     void Enable(bool enable);
+    /// An item would do what it says: nothing is under way, and no box or dialog is in front.
+    bool Usable() const;
     /// What a running stream forbids is disabled.
     void EnableForStream(bool streaming);
     void mnuSet_Click();

@@ -15,6 +15,8 @@ inline constexpr auto OffLineHint = "Off line. Press Connect or F1.";
 inline constexpr auto SettingsFilter = "Kelvo Zentra Config Files (*.zcf)";
 inline constexpr auto OldFilter = "Old Config File format (*.cfg)";
 
+inline constexpr auto RecentScreen = "screen %1";
+
 inline constexpr Message SaveChanges{Question, "Save?", "Do you want to save your changes?",
                                      QMessageBox::Yes};
 inline constexpr Message SaveBeforeExit{Question, "Save?", "Do you want to save changes before you exit?",
