@@ -28,10 +28,15 @@ void MustBePlaced(const rtf::Paragraph &paragraph, const rtf::Document &document
 void Try(std::string_view bytes)
 {
     const rtf::Document document = rtf::Read(bytes);
+    std::size_t pictureBytes = 0;
+    for (const rtf::Picture &picture : document.pictures)
+        pictureBytes += picture.bytes.size();
+    Must(pictureBytes <= rtf::Picture::MostBytesOfAll, "pictures are kept within their bound");
     for (const rtf::Paragraph &paragraph : document.paragraphs) {
         MustBePlaced(paragraph, document);
         for (const rtf::Run &run : paragraph.runs) {
-            Must(!run.text.empty(), "a run has a text");
+            Must(run.text.empty() == run.picture.has_value(), "a run has a text or a picture");
+            Must(!run.picture || *run.picture < document.pictures.size(), "a run's picture is known");
             for (const char16_t unit : run.text)
                 Must(IsShown(unit), "a text holds no character that cannot be shown");
         }

@@ -13,6 +13,8 @@ constexpr int DefaultText = 24;     // half points
 constexpr int WidestIndent = 10080; // seven inches, in twips
 constexpr std::size_t MostTabStops = 32;
 constexpr int MostFallback = 64;
+constexpr int LargestPicture = 100'000; // twips
+constexpr int LargestScale = 1000;      // per cent
 
 bool On(const Token &token)
 {
@@ -79,12 +81,10 @@ ControlWords::Action ControlWords::Find(std::string_view word)
         {"s", [](I &i, T &t) { i.UseStyle(t.number); }},
         {"outlinelevel", [](I &i, T &t) { i.UseOutlineLevel(t.number); }},
 
-        // Groups that are not part of the text: pictures, page furniture, indexes, notes on the file.
-        {"pict", Hide},
-        {"nonshppict", Hide},
+        // Groups that are not part of the text: page furniture, indexes, notes on the file.
+        {"nonshppict", Hide}, // The picture once more, for simple readers.
         {"objdata", Hide},
         {"shprslt", Hide},
-        {"sp", Hide},
         {"info", Hide},
         {"header", Hide},
         {"headerl", Hide},
@@ -102,6 +102,22 @@ ControlWords::Action ControlWords::Find(std::string_view word)
         {"nonesttables", Hide},
         {"private", Hide},
         {"shpinst", Nothing}, // A text box, though optional, is text.
+
+        // Pictures.
+        {"shppict", Nothing}, // Optional, and yet the picture that is meant.
+        {"sp", [](I &i, T &) { i.state_.destination = Destination::ShapeProperty; }},
+        {"pict", [](I &i, T &) { i.BeginPicture(); }},
+        {"pngblip", [](I &i, T &) { i.picture_.SetKind(PictureKind::Png); }},
+        {"jpegblip", [](I &i, T &) { i.picture_.SetKind(PictureKind::Jpeg); }},
+        {"picwgoal", [](I &i, T &t) { i.picture_.SetWidth(std::clamp(t.number, 0, LargestPicture)); }},
+        {"pichgoal", [](I &i, T &t) { i.picture_.SetHeight(std::clamp(t.number, 0, LargestPicture)); }},
+        {"picscalex", [](I &i, T &t) { i.picture_.SetScaleX(std::clamp(t.number, 1, LargestScale)); }},
+        {"picscaley", [](I &i, T &t) { i.picture_.SetScaleY(std::clamp(t.number, 1, LargestScale)); }},
+        {"bin",
+         [](I &i, T &t) {
+             if (i.state_.destination == Destination::Picture)
+                 i.picture_.AddBytes(t.binary);
+         }},
 
         // Fields show their result; a link's result shows that it is one.
         {"fldinst",

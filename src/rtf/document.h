@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -47,10 +48,26 @@ struct ParagraphStyle {
     std::vector<int> tabStops; ///< from the left margin, as they were given
 };
 
-/// UTF-16 without lone surrogates. Tabs are tabs, a line break inside the paragraph is U+2028.
+/// A text, or a picture that stands where a character would. The text is UTF-16 without lone surrogates. Tabs
+/// are tabs, a line break inside the paragraph is U+2028.
 struct Run {
     TextStyle style;
     std::u16string text;
+    std::optional<std::size_t> picture{}; ///< index in `Document::pictures`; the text is empty then
+};
+
+enum class PictureKind : std::uint8_t { Other, Png, Jpeg };
+
+/// A picture as it stands in the file, decoded by nobody yet.
+struct Picture {
+    static constexpr std::size_t MostBytesOfAll = 32u << 20; ///< of a document's pictures together
+
+    PictureKind kind = PictureKind::Other;
+    std::string bytes; ///< of a file of this kind; none for another kind, nor where there were too many
+    int width = 0;     ///< as it is meant to be shown, twips; 0 = as it comes
+    int height = 0;
+    int scaleX = 100; ///< per cent
+    int scaleY = 100;
 };
 
 /// Which cell of which table a paragraph stands in; a cell may hold several paragraphs.
@@ -78,6 +95,7 @@ struct Table {
 struct Document {
     std::vector<Paragraph> paragraphs;
     std::vector<Table> tables;
+    std::vector<Picture> pictures;
     bool cutOff = false; ///< the file says more than is kept here
 };
 

@@ -1,6 +1,7 @@
 #include "rtf/interpreter.h"
 
 #include "rtf/controlwords.h"
+#include "rtf/utf8.h"
 
 #include <algorithm>
 #include <cctype>
@@ -72,12 +73,15 @@ void Interpreter::EndGroup()
         --tooDeep_;
         return;
     }
-    if (outer_.size() == 1)
+    if (outer_.size() == 1) {
         finished_ = true;
-    else {
-        state_ = std::move(outer_.back());
-        outer_.pop_back();
+        return;
     }
+    const bool picture = state_.destination == Destination::Picture;
+    state_ = std::move(outer_.back());
+    outer_.pop_back();
+    if (picture && state_.destination != Destination::Picture)
+        EndPicture();
 }
 
 void Interpreter::Word(const Token &token)
@@ -126,9 +130,7 @@ void Interpreter::Text(std::string_view bytes)
     optional_ = false;
     switch (state_.destination) {
     case Destination::Page:
-        for (const char byte : bytes)
-            EncodedByte(static_cast<unsigned char>(byte));
-        return;
+        return PageText(bytes);
     case Destination::ColorTable:
         for (auto count = std::count(bytes.begin(), bytes.end(), ';'); count > 0; --count)
             CommitColor();
@@ -140,9 +142,22 @@ void Interpreter::Text(std::string_view bytes)
     case Destination::FieldInstruction:
         instruction_ += bytes.substr(0, LongestName - std::min(LongestName, instruction_.size()));
         return;
+    case Destination::Picture:
+        return picture_.AddHex(bytes);
     case Destination::FontTable:
+    case Destination::ShapeProperty:
     case Destination::Nowhere:
         return;
+    }
+}
+
+void Interpreter::PageText(std::string_view bytes)
+{
+    if (state_.symbolFont) {
+        for (const char byte : bytes)
+            EncodedByte(static_cast<unsigned char>(byte));
+    } else {
+        DecodeText(bytes, TextCodePage(), [this](char16_t unit) { PutCharacter(unit); });
     }
 }
 
@@ -151,7 +166,7 @@ void Interpreter::EncodedByte(unsigned char byte)
     if (state_.symbolFont)
         PutCharacter(Symbolic(byte));
     else
-        PutCharacter(Decode(state_.codePage ? *state_.codePage : *documentCodePage_, byte));
+        PutCharacter(Decode(TextCodePage(), byte));
 }
 
 void Interpreter::Put(char16_t unit)
@@ -162,10 +177,10 @@ void Interpreter::Put(char16_t unit)
 
 void Interpreter::PutCharacter(char16_t unit)
 {
-    if (fallback_ > 0)
-        --fallback_;
-    else
+    if (fallback_ == 0)
         Put(unit);
+    else if (!IsHighSurrogate(unit)) // a pair is one character
+        --fallback_;
 }
 
 void Interpreter::PutUnicode(int number)
@@ -259,6 +274,19 @@ void Interpreter::NameStyle(char c)
             SetHeadingLevel(level - '0');
     }
     styleName_.clear();
+}
+
+void Interpreter::BeginPicture()
+{
+    state_.destination = Destination::Picture;
+    picture_.Begin();
+}
+
+void Interpreter::EndPicture()
+{
+    const bool onPage = OnPage() || state_.destination == Destination::ShapeProperty;
+    if (onPage && picture_.Begun() && !state_.hidden && !state_.deleted)
+        writer_.AddPicture(picture_.Take(), state_.text);
 }
 
 void Interpreter::DefineColor(std::uint8_t Color::*part, int value)

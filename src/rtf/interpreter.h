@@ -1,6 +1,7 @@
 #pragma once
 
 #include "rtf/codepages.h"
+#include "rtf/picturereader.h"
 #include "rtf/tokens.h"
 #include "rtf/writer.h"
 
@@ -19,6 +20,8 @@ enum class Destination : std::uint8_t {
     ColorTable,
     Stylesheet,
     FieldInstruction,
+    Picture,
+    ShapeProperty, ///< of a drawn shape: no text to read, but its picture may stand in it
 };
 
 /// What a group inherits and its end takes back.
@@ -55,9 +58,11 @@ class Interpreter {
     void Word(const Token &token);
     void Symbol(char symbol);
     void Text(std::string_view bytes);
+    void PageText(std::string_view bytes);
     void EncodedByte(unsigned char byte);
 
     bool OnPage() const { return state_.destination == Destination::Page; }
+    const CodePage &TextCodePage() const { return state_.codePage ? *state_.codePage : *documentCodePage_; }
     void Put(char16_t unit);
     void PutCharacter(char16_t unit); ///< unless it stands for a `\u` that was understood
     void PutUnicode(int number);
@@ -73,10 +78,13 @@ class Interpreter {
     void DefineColor(std::uint8_t Color::*part, int value);
     void CommitColor();
     void NameStyle(char c);
+    void BeginPicture();
+    void EndPicture();
     void SetHeadingLevel(int level);
     std::optional<Color> ColorByNumber(int number) const;
 
     Writer writer_;
+    PictureReader picture_;
     GroupState state_;
     std::vector<GroupState> outer_;
     std::size_t tooDeep_ = 0; ///< groups open beyond those whose states are kept

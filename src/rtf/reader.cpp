@@ -1,8 +1,8 @@
 #include "rtf/reader.h"
 
-#include "rtf/codepages.h"
 #include "rtf/interpreter.h"
 #include "rtf/tokens.h"
+#include "rtf/utf8.h"
 #include "rtf/writer.h"
 
 namespace kelvo::rtf {
@@ -32,16 +32,13 @@ Document ReadRtf(std::string_view bytes)
 
 Document ReadPlainText(std::string_view bytes)
 {
-    const CodePage &codePage = CodePageByNumber(1252);
     Writer writer;
-    for (const char byte : bytes) {
-        if (writer.Exhausted())
-            break;
-        if (byte == '\n')
+    DecodeText(bytes, CodePageByNumber(1252), [&writer](char16_t unit) {
+        if (unit == '\n')
             writer.EndParagraph({});
         else
-            writer.Append(Decode(codePage, static_cast<unsigned char>(byte)), {}, {});
-    }
+            writer.Append(unit, {}, {});
+    });
     return writer.Finish({});
 }
 

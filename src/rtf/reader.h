@@ -12,7 +12,8 @@ inline constexpr std::size_t MostBytes = 64u << 20;
 
 /// Reads any bytes. Damaged RTF gives what could be read of it, bytes that are no RTF are read as plain
 /// text. The work is bounded whatever the bytes are: `Document::cutOff` tells when a bound was met.
-/// Pictures, objects and where links lead are left out, hidden text too.
+/// Pictures are kept undecoded, within a bound of their own. Objects and where links lead are left out,
+/// hidden text too.
 Document Read(std::string_view bytes);
 
 } // namespace kelvo::rtf

@@ -19,14 +19,6 @@ bool IsDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-int HexDigit(char c)
-{
-    if (IsDigit(c))
-        return c - '0';
-    const char lower = char(c | 0x20);
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
 /// A number with its sign, held at the ends of int when it does not fit.
 int NumberOf(std::string_view digits)
 {
@@ -38,6 +30,14 @@ int NumberOf(std::string_view digits)
 }
 
 } // namespace
+
+int HexDigit(char c)
+{
+    if (IsDigit(c))
+        return c - '0';
+    const char lower = char(c | 0x20);
+    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+}
 
 Token Tokens::Next()
 {
@@ -106,13 +106,15 @@ Token Tokens::ControlWord()
     if (!AtEnd() && bytes_[at_] == ' ')
         ++at_;
     if (token.text == "bin" && token.number > 0)
-        SkipBinary(token.number);
+        token.binary = TakeBinary(token.number);
     return token;
 }
 
-void Tokens::SkipBinary(int count)
+std::string_view Tokens::TakeBinary(int count)
 {
-    at_ += std::min(std::size_t(count), bytes_.size() - at_);
+    const std::string_view binary = bytes_.substr(at_, std::size_t(count));
+    at_ += binary.size();
+    return binary;
 }
 
 } // namespace kelvo::rtf

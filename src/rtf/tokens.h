@@ -19,10 +19,14 @@ struct Token {
     TokenKind kind = TokenKind::End;
     std::string_view text; ///< the word, the symbol or the bytes
     bool hasNumber = false;
-    int number = 0; ///< of a word, held within the range of int; of a byte, 0 to 255
+    int number = 0;            ///< of a word, held within the range of int; of a byte, 0 to 255
+    std::string_view binary{}; ///< the bytes that follow `\binN`
 };
 
-/// Cuts RTF into tokens. Line ends between tokens are dropped, `\binN` and its bytes too.
+/// The value of a hexadecimal digit; -1 = it is none.
+int HexDigit(char c);
+
+/// Cuts RTF into tokens. Line ends between tokens are dropped; the bytes of `\binN` are part of its token.
 class Tokens {
   public:
     explicit Tokens(std::string_view bytes) : bytes_(bytes) {}
@@ -34,7 +38,7 @@ class Tokens {
     Token AfterBackslash();
     Token HexByte();
     Token ControlWord();
-    void SkipBinary(int count);
+    std::string_view TakeBinary(int count);
     bool AtEnd() const { return at_ >= bytes_.size(); }
 
     std::string_view bytes_;

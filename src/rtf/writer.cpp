@@ -11,15 +11,11 @@ namespace {
 constexpr int WorkPerCharacter = 4;
 constexpr int WorkPerRun = 20;
 constexpr int WorkPerParagraph = 100;
+constexpr int WorkPerPicture = 10'000;
 
 /// A longer paragraph is cut in two: laying one out takes time that nothing may interrupt.
 constexpr std::size_t LongestParagraph = 20'000;
 constexpr int MostColumns = 32;
-
-bool IsHighSurrogate(char16_t unit)
-{
-    return unit >= 0xd800 && unit < 0xdc00;
-}
 
 bool IsLowSurrogate(char16_t unit)
 {
@@ -56,9 +52,10 @@ void ReplaceLoneSurrogates(std::u16string &text)
 
 bool Writer::Spend(int work)
 {
-    work_ -= work;
     if (Exhausted())
-        document_.cutOff = true;
+        return false;
+    work_ -= work;
+    document_.cutOff = Exhausted();
     return !Exhausted();
 }
 
@@ -66,13 +63,22 @@ void Writer::Append(char16_t unit, const TextStyle &style, const ParagraphStyle 
 {
     if (IsControl(unit) || !Spend(WorkPerCharacter))
         return;
-    if (paragraph_.runs.empty() || paragraph_.runs.back().style != style) {
+    const Run *last = paragraph_.runs.empty() ? nullptr : &paragraph_.runs.back();
+    if (!last || last->picture || last->style != style) {
         Spend(WorkPerRun);
         paragraph_.runs.push_back({style, {}});
     }
     paragraph_.runs.back().text += Presentable(unit);
     if (++paragraphLength_ >= LongestParagraph && !IsHighSurrogate(unit))
         EndParagraph(paragraph);
+}
+
+void Writer::AddPicture(Picture picture, const TextStyle &style)
+{
+    if (!Spend(WorkPerPicture))
+        return;
+    paragraph_.runs.push_back({style, {}, document_.pictures.size()});
+    document_.pictures.push_back(std::move(picture));
 }
 
 void Writer::EndParagraph(const ParagraphStyle &style)

@@ -6,11 +6,17 @@
 
 namespace kelvo::rtf {
 
+inline bool IsHighSurrogate(char16_t unit)
+{
+    return unit >= 0xd800 && unit < 0xdc00;
+}
+
 /// Gathers characters into runs, paragraphs and tables, within a bound.
 class Writer {
   public:
     /// `paragraph` counts when a paragraph without end has to be cut.
     void Append(char16_t unit, const TextStyle &style, const ParagraphStyle &paragraph);
+    void AddPicture(Picture picture, const TextStyle &style);
     void EndParagraph(const ParagraphStyle &style);
     void EndCell(const ParagraphStyle &style);
     void EndRow(const ParagraphStyle &style);

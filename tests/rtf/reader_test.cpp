@@ -194,6 +194,30 @@ TEST_CASE("a font's character set is known by its number")
     CHECK(inFont("0", "\\'df") == u"\u00df");
 }
 
+TEST_CASE("raw bytes that are UTF-8 are read as such, all others in the character set")
+{
+    CHECK(TextOfBody("R\xc3\xa9publique \xe2\x82\xac \xf0\x9f\x98\x80") ==
+          u"R\u00e9publique \u20ac \U0001F600");
+    CHECK(TextOfBody("{\\f2 \xd0\x94\xd0\xb0}") == u"\u0414\u0430");
+    CHECK(TextOfBody("caf\xe9 \xc3\xa9t\xc3\xa9") == u"caf\u00e9 \u00e9t\u00e9");
+    // Bytes that stand together are of one kind.
+    CHECK(TextOfBody("\xc3\xa9\xe9") == u"\u00c3\u00a9\u00e9");
+    CHECK(TextOfBody("\\'c3\\'a9") == u"\u00c3\u00a9");
+    // A character that stands for one that was understood is one, however many bytes it has.
+    CHECK(TextOfBody("\\u233\xc3\xa9t\\u233\xf0\x9f\x98\x80!") == u"\u00e9t\u00e9!");
+}
+
+TEST_CASE("bytes that only look like UTF-8 are read in the character set")
+{
+    CHECK(TextOfBody("\xc3") == u"\u00c3");                               // cut off
+    CHECK(TextOfBody("\xa9\xc3") == u"\u00a9\u00c3");                     // begins in the middle
+    CHECK(TextOfBody("\xc0\xaf") == u"\u00c0\u00af");                     // longer than need be
+    CHECK(TextOfBody("\xe0\x9f\xbf") == u"\u00e0\u0178\u00bf");           // the same in three bytes
+    CHECK(TextOfBody("\xed\xa0\x80") == u"\u00ed\u00a0\u20ac");           // half a surrogate pair
+    CHECK(TextOfBody("\xf4\x90\x80\x80") == u"\u00f4\ufffd\u20ac\u20ac"); // beyond the last character
+    CHECK(TextOfBody("\xf8\xa1\xa1\xa1\xa1") == u"\u00f8\u00a1\u00a1\u00a1\u00a1"); // five bytes
+}
+
 TEST_CASE("words and symbols that stand for characters")
 {
     CHECK(TextOfBody("a\\tab b\\line c\\emdash\\endash\\bullet\\lquote\\rquote\\ldblquote\\rdblquote") ==
@@ -202,10 +226,8 @@ TEST_CASE("words and symbols that stand for characters")
     CHECK(TextOfBody("a\\\nb\\page c\\sect d") == u"a|b|c|d");
 }
 
-TEST_CASE(
-    "what is not for reading is left out: pictures, objects, hidden text, optional groups, page furniture")
+TEST_CASE("what is not for reading is left out: objects, hidden text, optional groups, page furniture")
 {
-    CHECK(TextOfBody("a{\\pict\\pngblip 89504e47{\\*\\blipuid 00}0d0a}b") == u"ab");
     CHECK(TextOfBody("a{\\object\\objemb{\\*\\objdata 0105}{\\result shown}}b") == u"ashownb");
     CHECK(TextOfBody("a{\\v secret}\\v also\\v0 b") == u"ab");
     CHECK(TextOfBody("a{\\deleted gone}b") == u"ab");
@@ -307,6 +329,8 @@ TEST_CASE("what is no RTF is read as plain text")
 {
     CHECK(TextOf(Read("The guide\r\nis here")) == u"The guide|is here");
     CHECK(TextOf(Read("")) == u"");
+    CHECK(TextOf(Read("\xef\xbb\xbfR\xc3\xa9publique\n\xd0\x94\xd0\xb0")) == u"R\u00e9publique|\u0414\u0430");
+    CHECK(TextOf(Read("R\xe9publique")) == u"R\u00e9publique");
     CHECK(TextOf(Read("{\\rt")) == u"{\\rt");
     CHECK(TextOf(Read(" \r\n{\\rtf1 x}")) == u"x");
 }
@@ -345,6 +369,11 @@ TEST_CASE("50 MB of anything end soon, with what was read so far and a mark")
         CHECK(document.cutOff);
         CHECK(TextOf(document.paragraphs.front()).starts_with(u"start"));
     }
+}
+
+TEST_CASE("60 MB of line ends do no harm")
+{
+    CHECK(Read("x" + std::string(60'000'000, '\n')).cutOff);
 }
 
 TEST_CASE("50 MB of pictures leave room for all the text after them")

@@ -4,6 +4,8 @@ namespace kelvo::messages {
 
 inline constexpr auto ContentsName = "Contents of the guide";
 inline constexpr auto GuideName = "User's guide";
+inline constexpr auto OtherPicture = "[A picture of a kind that cannot be shown here]";
+inline constexpr auto DamagedPicture = "[A picture that cannot be read]";
 inline constexpr auto GuideCutOff = "The file says more than this page shows.";
 
 inline constexpr auto SearchCaption = "Find:";

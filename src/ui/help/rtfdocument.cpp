@@ -1,7 +1,9 @@
 #include "ui/help/rtfdocument.h"
 
 #include "ui/help/messages.h"
+#include "ui/help/rtfpicture.h"
 
+#include <QApplication>
 #include <QFontDatabase>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -137,10 +139,13 @@ class DocumentFiller {
     void AddParagraph(const rtf::Paragraph &paragraph);
     Position AddTable(Position first);
     void WriteRuns(const rtf::Paragraph &paragraph);
+    void WritePicture(std::size_t number);
+    void WriteRemark(const char *text);
     QTextTableFormat FormatOfTable(const rtf::Table &table) const;
 
     const rtf::Document &content_;
     QTextCursor cursor_;
+    PictureDecoder decoder_;
     QList<Heading> headings_;
     int cells_ = 0;
     bool emptyBlock_ = true; ///< the cursor stands in a paragraph that nothing was written in yet
@@ -156,11 +161,8 @@ QList<Heading> DocumentFiller::Fill()
             AddParagraph(*at++);
     }
     if (content_.cutOff) {
-        rtf::Paragraph last;
-        rtf::TextStyle slanted;
-        slanted.italic = true;
-        last.runs.push_back({slanted, QString(messages::GuideCutOff).toStdU16String()});
-        AddParagraph(last);
+        AddParagraph({});
+        WriteRemark(messages::GuideCutOff);
     }
     cursor_.endEditBlock();
     return std::move(headings_);
@@ -187,8 +189,41 @@ void DocumentFiller::AddParagraph(const rtf::Paragraph &paragraph)
 
 void DocumentFiller::WriteRuns(const rtf::Paragraph &paragraph)
 {
-    for (const rtf::Run &run : paragraph.runs)
-        cursor_.insertText(QString::fromStdU16String(run.text), FormatOf(run.style));
+    for (const rtf::Run &run : paragraph.runs) {
+        if (run.picture)
+            WritePicture(*run.picture);
+        else
+            cursor_.insertText(QString::fromStdU16String(run.text), FormatOf(run.style));
+    }
+}
+
+void DocumentFiller::WritePicture(std::size_t number)
+{
+    const rtf::Picture &picture = content_.pictures[number];
+    if (!PictureDecoder::Knows(picture.kind))
+        return WriteRemark(messages::OtherPicture);
+    QImage image = decoder_.Decode(picture);
+    if (image.isNull())
+        return WriteRemark(messages::DamagedPicture);
+    const QSize shown = ShownSize(picture, image.size());
+    // The page itself would draw a smaller one by leaving pixels out.
+    const QSize sharp = shown * qApp->devicePixelRatio();
+    if (image.width() > sharp.width() || image.height() > sharp.height())
+        image = image.scaled(sharp, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    QTextImageFormat format;
+    format.setName(QString("picture:%1").arg(number));
+    format.setWidth(shown.width());
+    format.setHeight(shown.height());
+    cursor_.document()->addResource(QTextDocument::ImageResource, format.name(), image);
+    cursor_.insertImage(format);
+}
+
+/// What the page itself says, not the guide.
+void DocumentFiller::WriteRemark(const char *text)
+{
+    rtf::TextStyle slanted;
+    slanted.italic = true;
+    cursor_.insertText(text, FormatOf(slanted));
 }
 
 QTextTableFormat DocumentFiller::FormatOfTable(const rtf::Table &table) const

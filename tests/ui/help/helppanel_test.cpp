@@ -212,7 +212,8 @@ class HelpPanelTest : public QObject {
             "{\\rtf1 see {\\field{\\*\\fldinst HYPERLINK \"file:///etc/hostname\"}{\\fldrslt here}}"
             "{\\field{\\*\\fldinst INCLUDEPICTURE \"http://nowhere.example/x.png\"}{\\fldrslt }}"
             "{\\pict\\pngblip 89504e47} <img src=\"http://nowhere.example/y.png\"> end}");
-        QCOMPARE(shown.Page()->toPlainText(), "see here <img src=\"http://nowhere.example/y.png\"> end");
+        QCOMPARE(shown.Page()->toPlainText(),
+                 "see here[A picture that cannot be read] <img src=\"http://nowhere.example/y.png\"> end");
         QVERIFY(!shown.FormatAt("here").isAnchor());
         QVERIFY(shown.FormatAt("here").fontUnderline());
         QCOMPARE(shown.FormatAt("here").foreground().color(), QColor(Qt::blue));
