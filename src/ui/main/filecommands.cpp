@@ -111,7 +111,7 @@ bool FileCommands::OpenFile(const QString &path)
     const bool loaded = Load(path, Source::File);
     if (loaded) {
         dialogFile_ = path;
-        recent_.Add(path, editor_.Room());
+        recent_.Add(path);
     }
     return loaded;
 }
@@ -209,7 +209,7 @@ bool FileCommands::SaveTo(const QString &path)
         return false;
     }
     editor_.Saved(path.toStdString());
-    recent_.Add(path, editor_.Room());
+    recent_.Add(path);
     ShowName(QDir::toNativeSeparators(path));
     return true;
 }

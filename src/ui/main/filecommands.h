@@ -31,12 +31,12 @@ class FileCommands : public QObject {
     bool SaveAsked();
     /// Opens a settings file as `mnuLoad` would once its dialog has chosen it. False after a report.
     bool OpenFile(const QString &path);
+    /// The same with the question that `mnuLoad` asks first, for a file that was chosen without its dialog.
+    void OpenChosen(const QString &path);
     /// Takes the settings of a snapshot, which is nobody's file. False after a report.
     bool Revert(const QString &path);
     /// The editor has gone to a step of another file: title and Save follow.
     void FollowFile();
-    /// The same with the question that `mnuLoad` asks first, for a file that was chosen without its dialog.
-    void OpenChosen(const QString &path);
 
   signals:
     void Named(const QString &title); ///< what stands between the title's angle brackets

@@ -1,5 +1,6 @@
 #include "ui/main/recentfiles.h"
 
+#include "files/configfile.h"
 #include "model/tables.h"
 
 #include <QDir>
@@ -46,10 +47,14 @@ QList<RecentFiles::File> RecentFiles::List() const
     return files;
 }
 
-void RecentFiles::Add(const QString &path, const RoomSettings &room)
+void RecentFiles::Add(const QString &path)
 {
     const QString whole = Whole(path);
     if (whole == neverListed_)
+        return;
+    // Not the texts on the screen: an old file has none, and leaves those of another room standing there.
+    RoomSettings room;
+    if (LoadConfigFile(path.toStdString(), room))
         return;
     QList<File> files = Others(List(), whole);
     const auto text = [&room](TheaterIndex index) { return QString::fromStdString(room.TheaterInfo[index]); };

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "model/roomsettings.h"
-
 #include <QList>
 #include <QString>
 
@@ -24,7 +22,8 @@ class RecentFiles {
 
     /// What cannot be read of what was remembered is left out.
     QList<File> List() const;
-    void Add(const QString &path, const RoomSettings &room);
+    /// A file that has just been opened or saved; its texts are read from it.
+    void Add(const QString &path);
     void Remove(const QString &path);
     /// Where the file dialogs start: the newest file's folder; "" when there is none any more.
     QString Folder() const;

@@ -37,9 +37,10 @@ RecentMenu::RecentMenu(Menus &menus, FileCommands &files, const RecentFiles &rec
     : QObject(window),
       menus_(menus),
       files_(files),
-      recent_(recent),
-      mnuRecent_(Named(menus.Tools()->addMenu("Recent Files"), "mnuRecent"))
+      recent_(recent)
 {
+    menus.Tools()->addSeparator();
+    mnuRecent_ = Named(menus.Tools()->addMenu("Recent Files"), "mnuRecent");
     Named(mnuRecent_->menuAction(), "mnuRecent");
     mnuRecent_->setToolTipsVisible(true);
     connect(menus.Tools(), &QMenu::aboutToShow, this, &RecentMenu::Fill);

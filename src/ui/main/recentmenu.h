@@ -18,7 +18,7 @@ class RecentMenu : public QObject {
     Menus &menus_;
     FileCommands &files_;
     const RecentFiles &recent_;
-    QMenu *mnuRecent_;
+    QMenu *mnuRecent_ = nullptr;
 };
 
 } // namespace kelvo

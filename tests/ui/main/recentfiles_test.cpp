@@ -18,6 +18,7 @@ class RecentFilesTest : public QObject {
     void twelveAreKept();
     void eachTellsItsRoom_data();
     void eachTellsItsRoom();
+    void anOldFileTellsNothingOfTheRoomBeforeIt();
     void aListedFileOpensAsOpenDoes();
     void theQuestionComesFirst_data();
     void theQuestionComesFirst();
@@ -149,6 +150,18 @@ void RecentFilesTest::eachTellsItsRoom()
     ConsoleUnderTest console;
     Open(console, WriteRoom(console, name, theater.toStdString(), screen.toStdString()));
     QCOMPARE(Captions(console), QStringList{caption});
+}
+
+void RecentFilesTest::anOldFileTellsNothingOfTheRoomBeforeIt()
+{
+    ConsoleUnderTest console;
+    Open(console, WriteSample(console));
+    QFile old(console.File("old.cfg"));
+    QVERIFY(old.open(QFile::WriteOnly) && old.write(QByteArray(352, '\0')) == 352);
+    old.close();
+    Open(console, old.fileName());
+    QCOMPARE(console.room.TheaterInfo[1], "Odeon 3"); // it has no texts, so these stand
+    QCOMPARE(Captions(console), (QStringList{"old.cfg", "sample.zcf - Odeon 3"}));
 }
 
 void RecentFilesTest::aListedFileOpensAsOpenDoes()
