@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # includes_go_down.sh SOURCE_ROOT PROGRAM...: no folder includes what stands above it and no room of ui another one;
-# model, files, unit, edit and rtf include nothing of the windowing toolkit, and the test programs of these do not load
-# it either.
+# model, report, files, unit, edit and rtf include nothing of the windowing toolkit, and the test programs of these do
+# not load it either.
 set -euo pipefail
 
 root=$1
@@ -22,9 +22,10 @@ allow() {
     fi
 }
 
-core="model files unit edit rtf"
+core="model report files unit edit rtf"
 below="$core ui/controls"
 allow model
+allow report model
 allow files model
 allow unit files model
 allow edit unit files model
