@@ -6,9 +6,19 @@
 #include "unit/unitclock.h"
 #include "unit/versions.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace kelvo {
+
+namespace {
+
+// In the order in which the unit is read.
+constexpr std::array RecordReads{UnitOp::GetAudio, UnitOp::GetSystem};
+constexpr std::array LiveReads{UnitOp::GetMute, UnitOp::GetVol, UnitOp::GetFormat};
+
+} // namespace
 
 // The connection
 
@@ -128,11 +138,23 @@ bool UnitLink::ShowSettings(Source source)
     // What nobody asked for takes nothing away.
     if (read && source == Source::Reread)
         KeepUnsent(screen, held, room_);
-    for (const UnitOp live : {UnitOp::GetMute, UnitOp::GetVol, UnitOp::GetFormat})
+    for (const UnitOp live : LiveReads)
         RetryFunction(live);
     if (read)
         Show(Changed::Unit(source));
     return read;
+}
+
+/// Makes the reads in their order and answers those that brought nothing.
+std::vector<UnitOp> UnitLink::Unread(std::span<const UnitOp> reads)
+{
+    std::vector<UnitOp> unread;
+    for (const UnitOp read : reads) {
+        const bool called = unitOnline_ && !yielding_;
+        if (RetryFunction(read) != Success || !called)
+            unread.push_back(read);
+    }
+    return unread;
 }
 
 /// Both or none: half a unit's settings beside half a screen's are nobody's. Until both are here the room
@@ -140,11 +162,7 @@ bool UnitLink::ShowSettings(Source source)
 bool UnitLink::ReadRecords()
 {
     pending_ = room_;
-    bool read = true;
-    for (const UnitOp record : {UnitOp::GetAudio, UnitOp::GetSystem}) {
-        const bool called = unitOnline_ && !yielding_;
-        read = RetryFunction(record) == Success && called && read;
-    }
+    const bool read = Unread(RecordReads).empty();
     const RoomSettings records = *std::exchange(pending_, std::nullopt);
     if (!read)
         return false;
@@ -153,6 +171,25 @@ bool UnitLink::ReadRecords()
     holds_.TakeRecord(Place::Audio, room_);
     holds_.TakeRecord(Place::System, room_);
     return true;
+}
+
+std::vector<UnitOp> UnitLink::ReadApart()
+{
+    std::vector<UnitOp> unread(RecordReads.begin(), RecordReads.end());
+    unread.insert(unread.end(), LiveReads.begin(), LiveReads.end());
+    if (InCall() || !unitOnline_ || forcedFormat_)
+        return unread;
+    const OneChange change(*this);
+    pending_ = room_;
+    unread = Unread(RecordReads);
+    const bool records = unread.empty();
+    std::ranges::copy(Unread(LiveReads), std::back_inserter(unread));
+    const RoomSettings read = *std::exchange(pending_, std::nullopt);
+    if (records) {
+        holds_.TakeRecord(Place::Audio, read);
+        holds_.TakeRecord(Place::System, read);
+    }
+    return unread;
 }
 
 void UnitLink::Update(Source source)

@@ -153,6 +153,7 @@ Status UnitLink::CallLibrary(UnitOp op, Word first, Word second)
     return Success;
 }
 
+/// What is read apart from the room is not shown either.
 Status UnitLink::ReadLive(Status (DeviceLibrary::*get)(Word &), FieldId live)
 {
     Word read = 0;
@@ -160,7 +161,7 @@ Status UnitLink::ReadLive(Status (DeviceLibrary::*get)(Word &), FieldId live)
     if (status != Success)
         return status;
     holds_.TakeLive(live, read);
-    if (read != Get(room_, live)) {
+    if (!pending_ && read != Get(room_, live)) {
         Set(room_, live, read);
         Show(Changed::Of(Source::Poll, {live}));
     }

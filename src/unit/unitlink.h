@@ -11,6 +11,7 @@
 
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace kelvo {
 
@@ -50,6 +51,9 @@ class UnitLink {
     /// both then stay as they were, here and in what the unit is known to hold.
     bool ShowSettings(Source source);
     void Update(Source source = Source::Update); ///< the "Update" command
+    /// The same reads for a comparison: room and screen stay as they are, what the unit told is known to be
+    /// held. Answers what could not be read; off line, in a call and during a stream nothing is called.
+    std::vector<UnitOp> ReadApart();
 
     /// Ticks of `tmrPoll` and `tmrRefresh`; the caller keeps them away while a box is open.
     void PollTick();
@@ -66,7 +70,6 @@ class UnitLink {
     void ForceFormat(Word format) { forcedFormat_ = format; }
     /// The operator's counts again, once it is sent.
     void ReleaseFormat();
-
     UploadClock &Clock() { return clock_; } ///< what uploads stamp
     const UnitHolds &Holds() const { return holds_; }
     /// What the unit is known not to hold, and how much that is: empty until it was read.
@@ -89,6 +92,7 @@ class UnitLink {
     bool Answers(UnitOp op);
     void Refuse(std::string_view title, std::string_view text);
     bool AcceptVersion();
+    std::vector<UnitOp> Unread(std::span<const UnitOp> reads);
     bool ReadRecords();
     void ReturnToOperatorsFormat();
     bool MayUpload(UploadTrigger trigger, bool moved);
@@ -103,17 +107,14 @@ class UnitLink {
     UploadClock clock_;
     UnitVersion version_;
     UnitHolds holds_;
-    std::optional<RoomSettings> pending_; ///< takes the records until both are read
+    std::optional<RoomSettings> pending_; ///< takes what is read until all of it is there
     std::optional<Word> forcedFormat_;
     std::optional<LostStream> lostStream_;
     std::string_view progress_;            ///< the step of the connection attempt
     int refreshCounter_ = 0, changes_ = 0; ///< seconds; how many `OneChange` are open
     LinkState lamp_ = LinkState::OffLine;
-    bool unitOnline_ = false;
-    bool unitBusy_ = false;   ///< a call that is not a status poll is in progress
-    bool pollActive_ = false; ///< the status poll is making its calls
-    bool connectionAccepted_ = false;
-    bool connecting_ = false, polling_ = false;
+    bool unitOnline_ = false, connectionAccepted_ = false, connecting_ = false, polling_ = false;
+    bool pollActive_ = false, unitBusy_ = false; ///< in a call: of the status poll, or any other
     bool yielding_ = false; ///< the view may be running the event loop inside this object's call
 };
 
