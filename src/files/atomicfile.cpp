@@ -119,13 +119,13 @@ std::optional<FileFailure> ReadWhole(const std::string &path, std::size_t limit,
     if (const std::error_code error = Again([&] { return calls.OpenToRead(path, file.handle, size); }))
         return Failure(error);
     if (size > limit)
-        return FileFailure{.reason = {}, .wrongFormat = true};
+        return FileFailure{.reason = "it is too large", .wrongFormat = true};
 
     bytes.resize(std::size_t(size) + 1); // one more byte than expected, so that one call can find the end
     if (const std::error_code error = ReadUpTo(limit, file.handle, bytes, calls))
         return Failure(error);
     if (bytes.size() > limit)
-        return FileFailure{.reason = {}, .wrongFormat = true};
+        return FileFailure{.reason = "it is too large", .wrongFormat = true};
     return {};
 }
 

@@ -9,7 +9,8 @@
 
 namespace kelvo {
 
-/// Why a file could not be read or written, in words ("No space left on device").
+/// Why a file could not be read or written, in words ("No space left on device"), or what is wrong in it
+/// ("line 12 is damaged or missing").
 struct FileFailure {
     std::string reason;
     bool wrongFormat = false; ///< the file was read, but is not what it should be

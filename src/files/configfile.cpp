@@ -141,11 +141,19 @@ class LineReader {
   public:
     explicit LineReader(std::string_view bytes) : rest_(bytes) {}
 
-    bool Fixed(std::string_view text) { return TakeFixed(rest_, text); }
+    /// The line that was taken last, or that there was none of any more.
+    int Line() const { return line_; }
+
+    bool Fixed(std::string_view text)
+    {
+        ++line_;
+        return TakeFixed(rest_, text);
+    }
 
     /// The text as its bytes stand in the file; which code they are in is told by all texts together.
     bool Text(std::string &text)
     {
+        ++line_;
         const auto line = TakeLine(rest_);
         const auto quoted = line ? Unquoted(*line) : std::nullopt;
         if (quoted)
@@ -157,14 +165,15 @@ class LineReader {
     {
         return StartLine() &&
                std::ranges::all_of(line.Fields(), [&](FieldId id) { return Take(id, room); }) &&
-               line_.empty();
+               numbers_.empty();
     }
 
   private:
     bool StartLine()
     {
+        ++line_;
         const auto line = TakeLine(rest_);
-        line_ = line.value_or(std::string_view());
+        numbers_ = line.value_or(std::string_view());
         atLineStart_ = true;
         return line.has_value();
     }
@@ -193,16 +202,17 @@ class LineReader {
     bool TakeNext(Integer &number)
     {
         if (!atLineStart_) {
-            if (!line_.starts_with(','))
+            if (!numbers_.starts_with(','))
                 return false;
-            line_.remove_prefix(1);
+            numbers_.remove_prefix(1);
         }
         atLineStart_ = false;
-        return TakeNumber(line_, number);
+        return TakeNumber(numbers_, number);
     }
 
     std::string_view rest_;
-    std::string_view line_;
+    std::string_view numbers_; ///< of the line that is being read
+    int line_ = 0;
     bool atLineStart_ = true;
 };
 
@@ -219,6 +229,24 @@ bool StartsWithHeader(std::string_view bytes)
     return TakeFixed(bytes, Header);
 }
 
+/// All or nothing. Answers the line that is not as it should be, 0 for none.
+int ParseLines(std::string_view bytes, RoomSettings &room)
+{
+    // Bytes of the records that the file does not hold keep their values.
+    RoomSettings loaded{.Audio = room.Audio, .System = room.System, .TheaterInfo = {}};
+    LineReader lines(WithoutByteOrderMark(bytes));
+    if (!WalkLines(lines, loaded))
+        return lines.Line();
+    Decode(loaded.TheaterInfo);
+    room = std::move(loaded);
+    return 0;
+}
+
+std::optional<FileFailure> Damaged(std::string where)
+{
+    return FileFailure{.reason = std::move(where), .wrongFormat = true};
+}
+
 } // namespace
 
 std::string ComposeConfig(const RoomSettings &room)
@@ -233,14 +261,7 @@ std::string ComposeConfig(const RoomSettings &room)
 
 bool ParseConfig(std::string_view bytes, RoomSettings &room)
 {
-    // Bytes of the records that the file does not hold keep their values.
-    RoomSettings loaded{.Audio = room.Audio, .System = room.System, .TheaterInfo = {}};
-    LineReader lines(WithoutByteOrderMark(bytes));
-    if (!WalkLines(lines, loaded))
-        return false;
-    Decode(loaded.TheaterInfo);
-    room = std::move(loaded);
-    return true;
+    return ParseLines(bytes, room) == 0;
 }
 
 bool ParseOldConfig(std::string_view bytes, RoomSettings &room)
@@ -260,15 +281,20 @@ std::optional<FileFailure> SaveConfigFile(const std::string &path, const RoomSet
     return WriteWhole(path, ComposeConfig(room), calls);
 }
 
-std::optional<FileFailure> LoadConfigFile(const std::string &path, RoomSettings &room)
+std::optional<FileFailure> LoadConfigFile(const std::string &path, RoomSettings &room, ConfigForm *form)
 {
     std::string bytes;
     if (auto failure = ReadWhole(path, LargestConfig, bytes))
         return failure;
     // Save writes the new format whatever the name is, so an old name may hold either.
     const bool old = path.ends_with(OldSuffix) && !StartsWithHeader(bytes);
-    const bool good = old ? ParseOldConfig(bytes, room) : ParseConfig(bytes, room);
-    return good ? std::nullopt : std::optional(FileFailure{.reason = {}, .wrongFormat = true});
+    if (form)
+        *form = old ? ConfigForm::Records : ConfigForm::Lines;
+    if (old)
+        return ParseOldConfig(bytes, room) ? std::nullopt : Damaged("it does not hold 352 bytes");
+    if (const int line = ParseLines(bytes, room); line != 0)
+        return Damaged("line " + std::to_string(line) + " is damaged or missing");
+    return {};
 }
 
 } // namespace kelvo

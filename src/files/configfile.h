@@ -24,8 +24,13 @@ bool ParseOldConfig(std::string_view bytes, RoomSettings &room);
 std::optional<FileFailure> SaveConfigFile(const std::string &path, const RoomSettings &room,
                                           const FileCalls &calls = FileCalls());
 
+/// What a file holds: named lines (".zcf"), or both records and nothing else (".cfg").
+enum class ConfigForm { Lines, Records };
+
 /// Reads `path` (UTF-8) into `room`: the old format when its name ends in ".cfg" and its content does not
-/// start with the new header. `room` changes only when the whole file was good. Empty = done.
-std::optional<FileFailure> LoadConfigFile(const std::string &path, RoomSettings &room);
+/// start with the new header; `form` tells which. `room` changes only when the whole file was good. Empty =
+/// done; the reason of a wrong format says where.
+std::optional<FileFailure> LoadConfigFile(const std::string &path, RoomSettings &room,
+                                          ConfigForm *form = nullptr);
 
 } // namespace kelvo

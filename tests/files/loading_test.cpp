@@ -106,6 +106,43 @@ TEST_CASE("empty files, short and long old files and 10 MB of noise are the wron
     CHECK(ComposeConfig(room) == SampleFile);
 }
 
+TEST_CASE("a damaged file is told by where it is damaged")
+{
+    const TestFolder folder;
+    const auto reason = [&](const std::string &name, const std::string &bytes) {
+        folder.Put(name, bytes);
+        return Refusal(folder.Path(name)).reason;
+    };
+    CHECK(reason("header.zcf", "\"Another\"\r\n") == "line 1 is damaged or missing");
+    CHECK(reason("empty.zcf", "") == "line 1 is damaged or missing");
+    std::string bytes = SampleFile;
+    bytes.replace(bytes.find("1,44,7"), 6, "1,444,7"); // the third line of numbers
+    CHECK(reason("number.zcf", bytes) == "line 4 is damaged or missing");
+    bytes = SampleFile;
+    bytes.replace(bytes.find("\"75001\""), 7, "75001"); // the sixth text, behind 1 + 8 + 1 + 6 + 6 lines
+    CHECK(reason("text.zcf", bytes) == "line 28 is damaged or missing");
+    CHECK(reason("cut.zcf", SampleFile.substr(0, SampleFile.find("24,6"))) == "line 9 is damaged or missing");
+    CHECK(reason("short.cfg", OldFile().substr(1)) == "it does not hold 352 bytes");
+    CHECK(reason("large.zcf", std::string(2'000'000, ' ')) == "it is too large");
+}
+
+TEST_CASE("which of the two forms a file has is told")
+{
+    const TestFolder folder;
+    folder.Put("old.cfg", OldFile());
+    folder.Put("new.cfg", SampleFile);
+    folder.Put("new.zcf", SampleFile);
+    const auto form = [&](const char *name) {
+        RoomSettings room;
+        ConfigForm told{};
+        REQUIRE_FALSE(LoadConfigFile(folder.Path(name), room, &told));
+        return told;
+    };
+    CHECK(form("old.cfg") == ConfigForm::Records);
+    CHECK(form("new.cfg") == ConfigForm::Lines);
+    CHECK(form("new.zcf") == ConfigForm::Lines);
+}
+
 TEST_CASE("a folder or a missing file is told by its reason, not as a wrong format")
 {
     const TestFolder folder;
