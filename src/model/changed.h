@@ -42,7 +42,7 @@ struct Changed {
     }
 
     bool Has(FieldId id) const { return fields.test(std::size_t(id)); }
-    bool HasTexts() const { return Has(field::Theater(0)); }
+    bool HasTexts() const { return (fields & ~Unit(source).fields).any(); }
     /// Read rather than edited: nothing of it is to be sent, and what is half typed gives way.
     bool Adopted() const { return source != Source::Edit; }
 };

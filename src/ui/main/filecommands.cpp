@@ -3,6 +3,7 @@
 #include "files/configfile.h"
 #include "model/flagguard.h"
 #include "model/tables.h"
+#include "ui/controls/filedialog.h"
 #include "ui/main/messages.h"
 #include "unit/sequences.h"
 
@@ -24,16 +25,6 @@ QString AsFileName(QString text)
             character = '-';
     }
     return text;
-}
-
-/// The chosen path; "" after a cancel. The name comes back as it was typed: no suffix is added.
-QString RunDialog(QFileDialog &dialog)
-{
-    if (qEnvironmentVariable("KELVO_PLAIN_FILE_DIALOG") == "1")
-        dialog.setOption(QFileDialog::DontUseNativeDialog);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return {};
-    return dialog.selectedFiles().constFirst();
 }
 
 void TellFailure(QWidget *window, const Message &cannot, const QString &path, const FileFailure &failure)

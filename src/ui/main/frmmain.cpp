@@ -6,6 +6,7 @@
 #include "ui/main/keypreview.h"
 #include "ui/main/messages.h"
 #include "ui/main/recentmenu.h"
+#include "ui/main/storedsides.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -57,15 +58,22 @@ FrmMain::FrmMain(RoomSettings &room, Preferences &options, FileState &file, Devi
       recovery_(new Recovery(editor_, clock, places_.JournalFolder(), this)),
       edit_(new EditMenu(*menus_, {editor_, entries_, clock, memory_, *recovery_}, this)),
       closing_(new Closing(this, {file, options, link_, panels_.optical->Stream(), entries_, *files_,
-                                  snapshot_, journal_, *recovery_, *menus_, places_}))
+                                  snapshot_, journal_, *recovery_, *menus_, places_})),
+      tools_(std::make_unique<ToolsMenu>(
+          *menus_,
+          FrmDiffers::Desk{editor_, link_, entries_, [this] { return panels_.optical->Stream().Running(); },
+                           [this] { return StoredSides(places_.programDirectory, snapshot_); }},
+          memory_, this))
 {
     Named(this, "frmMain");
     ShowTitle(messages::Untitled);
     connect(files_, &FileCommands::Named, this, &FrmMain::ShowTitle);
     connect(files_, &FileCommands::Reset, this, [this] { panels_.ShowTestSignals({}); });
     connect(panels_.optical, &OpticalPanel::StreamShown, menus_, &Menus::EnableForStream);
+    menus_->Tools()->addSeparator();
     new RecentMenu(*menus_, *files_, recent_, this);
     new GuideCommand(*menus_, places_.helpFile, memory_, this);
+    connect(panels_.optical, &OpticalPanel::StreamShown, tools_.get(), &ToolsMenu::Follow);
     BuildTabs();
     ArrangeWindow();
     panels_.fader->BuildDialog();

@@ -12,6 +12,7 @@
 #include "ui/main/places.h"
 #include "ui/main/recovery.h"
 #include "ui/main/snapshot.h"
+#include "ui/main/toolsmenu.h"
 #include "unit/linkview.h"
 
 #include <QMainWindow>
@@ -91,6 +92,7 @@ class FrmMain final : public QMainWindow, private LinkView {
     Recovery *recovery_;
     EditMenu *edit_;
     Closing *closing_;
+    std::unique_ptr<ToolsMenu> tools_;
     TabPages *tabs_ = nullptr;
     MasterColumn *column_ = nullptr;
     std::unique_ptr<FrmProg> frmProg_;

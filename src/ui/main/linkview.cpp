@@ -99,6 +99,7 @@ void FrmMain::ShowSent()
     panels_.ShowUnsent(link_.NotInUnit());
     column_->ShowSlots(editor_.Kept(), editor_.Room());
     edit_->Reflect();
+    tools_->Follow();
     files_->FollowFile();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/controls/boxes.h"
+#include "ui/controls/messages.h"
 
 namespace kelvo::messages {
 
@@ -11,9 +11,6 @@ inline constexpr auto ConnectCaption = "Connect";
 inline constexpr auto UnitInformation = "Processor Unit Information";
 inline constexpr auto SentHint = "A click opens what this line tells of.";
 inline constexpr auto OffLineHint = "Off line. Press Connect or F1.";
-
-inline constexpr auto SettingsFilter = "Kelvo Zentra Config Files (*.zcf)";
-inline constexpr auto OldFilter = "Old Config File format (*.cfg)";
 
 inline constexpr auto RecentScreen = "screen %1";
 
@@ -28,7 +25,6 @@ inline constexpr Message FaderNominal{Question, "Fader=7.0?", "Do you want to se
 
 inline constexpr Message WrongFormat{Exclamation, "File Error", "Error open opening file! Incorrect format!"};
 inline constexpr Message CannotOpen{Exclamation, "File Error", "Cannot open %1: %2."};
-inline constexpr Message CannotSave{Exclamation, "File Error", "Cannot save %1: %2."};
 
 // Faults that only the state line tells.
 inline constexpr auto CannotKeep = "Cannot keep %1 in the folder %2.";
@@ -60,5 +56,10 @@ inline constexpr auto Every = "Every";
 inline constexpr auto Seconds = "seconds";
 inline constexpr auto RefreshPeriodName = "Period of the automatic update, seconds";
 inline constexpr auto CloseCaption = "Close";
+
+inline constexpr auto DiffersCaption = "What Differs ...";
+inline constexpr auto VerifyCaption = "Verify the Unit";
+inline constexpr auto StartSnapshot = "Start-up snapshot";
+inline constexpr auto KeptSnapshot = "Snapshot %1";
 
 } // namespace kelvo::messages
