@@ -234,7 +234,7 @@ void FrmDiffers::cmdTake_Click()
     SideBox *from = TakenFrom();
     std::vector<FieldId> fields = tblDiffers_->ChosenFields();
     if (from && !fields.empty())
-        desk_.editor.Apply(TakeFrom(from->Chosen().name, from->Reading().side.room, std::move(fields)));
+        desk_.editor.Command(TakeFrom(from->Chosen().name, from->Reading().side.room, std::move(fields)));
 }
 
 void FrmDiffers::cmdCopyTable_Click()

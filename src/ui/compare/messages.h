@@ -15,6 +15,7 @@ inline constexpr auto TableName = "Settings that differ";
 
 inline constexpr auto ScreenName = "Screen";
 inline constexpr auto UnitName = "Unit";
+inline constexpr auto SlotName = "Slot %1";
 inline constexpr auto FactoryName = "Factory values";
 inline constexpr auto FileCaption = "File ...";
 

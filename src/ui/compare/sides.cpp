@@ -39,6 +39,12 @@ NamedSide UnitSide(const UnitLink &link)
             }};
 }
 
+NamedSide SlotSide(const Editor &editor, int slot)
+{
+    return {QString(messages::SlotName).arg(Slots::NameOf(slot)), NamedSide::Slot,
+            [&editor, slot] { return SideReading{SettingsAlone(*editor.Kept().Kept(slot))}; }};
+}
+
 NamedSide FactorySide(const Editor &editor)
 {
     return {messages::FactoryName, NamedSide::Stored, [&editor] {

@@ -22,6 +22,7 @@ struct NamedSide {
     enum Kind {
         Screen, ///< takes what is taken
         Unit,   ///< can be read again
+        Slot,   ///< a tuning kept in this run
         Stored, ///< read when it is chosen and when its window comes to the front; the others at each edit
     };
 
@@ -34,6 +35,7 @@ struct NamedSide {
 NamedSide ScreenSide(const Editor &editor);
 /// What the unit last took or told, as far as it is known.
 NamedSide UnitSide(const UnitLink &link);
+NamedSide SlotSide(const Editor &editor, int slot);
 /// What a reset sets.
 NamedSide FactorySide(const Editor &editor);
 /// A settings file, new or old.

@@ -62,7 +62,7 @@ FrmMain::FrmMain(RoomSettings &room, Preferences &options, FileState &file, Devi
       tools_(std::make_unique<ToolsMenu>(
           *menus_,
           FrmDiffers::Desk{editor_, link_, entries_, [this] { return panels_.optical->Stream().Running(); },
-                           [this] { return StoredSides(places_.programDirectory, snapshot_); }},
+                           [this] { return StoredSides(editor_, snapshot_); }},
           memory_, this))
 {
     Named(this, "frmMain");
@@ -112,6 +112,7 @@ void FrmMain::ArrangeWindow()
 {
     column_ = new MasterColumn(panels_.masterFrame);
     connect(column_, &MasterColumn::ConnectClicked, this, &FrmMain::cmdConnect_Click);
+    connect(column_, &MasterColumn::SentClicked, this, &FrmMain::lblSent_Click);
     auto *centre = new QWidget;
     auto *layout = new QHBoxLayout(centre);
     layout->setContentsMargins(WindowMargin, WindowMargin, WindowMargin, WindowMargin);

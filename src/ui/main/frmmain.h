@@ -71,6 +71,7 @@ class FrmMain final : public QMainWindow, private LinkView {
     /// One guard for every timer: none touches the unit while a box is open or a call is in progress.
     bool TimersMayTouchUnit() const;
     void cmdConnect_Click();
+    void lblSent_Click();
     void EnableCommands(bool enable);
     void InitialiseSettings();
     void FitScreen();

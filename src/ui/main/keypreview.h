@@ -8,8 +8,8 @@
 
 namespace kelvo {
 
-/// The main window's keys, seen before any control sees them: F1, F2, F4, the Ctrl shortcuts of the equaliser tab
-/// and the help page's keys. It also keeps the wheel away from the tab headings.
+/// The main window's keys, seen before any control sees them: F1, F2, F4, the Ctrl shortcuts of the equaliser
+/// tab and the help page's keys. It also keeps the wheel away from the tab headings.
 class KeyPreview : public QObject {
     Q_OBJECT
 

@@ -103,6 +103,17 @@ void FrmMain::ShowSent()
     files_->FollowFile();
 }
 
+/// The line takes what it offers, else it tells what it counts.
+void FrmMain::lblSent_Click()
+{
+    if (!menus_->Usable())
+        return;
+    if (link_.Differences().value_or(0) == 0 && !recovery_->Offer().isEmpty())
+        edit_->mnuRecover_Click();
+    else
+        tools_->OpenDiffers();
+}
+
 void FrmMain::TellFault(const QString &fault)
 {
     places_.report(fault);

@@ -70,9 +70,8 @@ void MasterColumn::ShowConnectStatus(LinkState state)
 void MasterColumn::ShowSent(std::optional<int> differences, bool onLine, const QString &offer)
 {
     const bool lacks = differences.value_or(0) != 0;
-    lblSent_->setText(lacks || offer.isEmpty()
-                          ? QString::fromStdString(messages::SentText(differences, onLine))
-                          : offer);
+    lblSent_->setText(
+        lacks || offer.isEmpty() ? QString::fromStdString(messages::SentText(differences, onLine)) : offer);
     if (lacks)
         Fill(lblSent_, Amber);
     else

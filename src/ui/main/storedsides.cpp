@@ -2,19 +2,21 @@
 
 #include "ui/main/messages.h"
 
-#include <QDir>
+#include <QFileInfo>
 
 namespace kelvo {
 
-std::vector<NamedSide> StoredSides(const QString &programDirectory, const Snapshot &snapshot)
+std::vector<NamedSide> StoredSides(const Editor &editor, const Snapshot &snapshot)
 {
     std::vector<NamedSide> sides;
+    for (int slot = 0; slot < SlotCount; ++slot)
+        if (editor.Kept().Kept(slot))
+            sides.push_back(SlotSide(editor, slot));
     if (snapshot.Taken())
         sides.push_back(FileSide(messages::StartSnapshot, snapshot.Path()));
-    const QDir kept(QDir(programDirectory).filePath("snapshots"), "*.zcf", QDir::Time, QDir::Files);
-    for (const QFileInfo &file : kept.entryInfoList())
+    for (const QString &path : snapshot.Kept())
         sides.push_back(
-            FileSide(QString(messages::KeptSnapshot).arg(file.completeBaseName()), file.absoluteFilePath()));
+            FileSide(QString(messages::KeptSnapshot).arg(QFileInfo(path).completeBaseName()), path));
     return sides;
 }
 

@@ -7,8 +7,8 @@
 
 namespace kelvo {
 
-/// What this console has kept and may be compared: the start-up snapshot when there is one, then the kept
-/// snapshots, the newest first.
-std::vector<NamedSide> StoredSides(const QString &programDirectory, const Snapshot &snapshot);
+/// What this console has kept and may be compared: slots, then the start-up snapshot when there is one, then
+/// the kept snapshots, the newest first.
+std::vector<NamedSide> StoredSides(const Editor &editor, const Snapshot &snapshot);
 
 } // namespace kelvo

@@ -96,7 +96,7 @@ void BringBackTest::takingItIsOneStepThatGivesTheVerySameSettings()
         last = run.room;
     });
     NextRun console(data.path());
-    console.Trigger("mnuRecover");
+    console.Click("lblSent");
     QCOMPARE(console.Find<QLineEdit>("lblPNG(1)")->text(), "2.0");
     last.Audio.UnitClock = console.room.Audio.UnitClock;
     QVERIFY(console.room == last);
