@@ -50,8 +50,11 @@ int DifferencesModel::columnCount(const QModelIndex &parent) const
 QVariant DifferencesModel::data(const QModelIndex &index, int role) const
 {
     const DifferenceRow &row = rows_[std::size_t(index.row())];
-    if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
+    if (role == Qt::DisplayRole)
         return CellText(row, index.column());
+    // A narrow column cuts a text. As rich text, so that none is taken for it that only looks like it.
+    if (role == Qt::ToolTipRole)
+        return "<span>" + CellText(row, index.column()).toHtmlEscaped() + "</span>";
     if (role == Qt::BackgroundRole && row.IsLive())
         return QGuiApplication::palette().alternateBase();
     return {};

@@ -13,10 +13,12 @@ namespace kelvo {
 
 namespace {
 
-// Pixels.
-constexpr int SectionWidth = 84;
-constexpr int SettingWidth = 176;
-constexpr int RowMargin = 6;
+// Characters of usual width.
+constexpr int SectionWidth = 14;
+constexpr int SettingWidth = 32;
+constexpr int LeastValueWidth = 14;
+
+constexpr int RowMargin = 6; // pixels
 
 } // namespace
 
@@ -39,8 +41,12 @@ DifferencesTable::DifferencesTable()
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionResizeMode(LeftColumn, QHeaderView::Stretch);
     horizontalHeader()->setSectionResizeMode(RightColumn, QHeaderView::Stretch);
-    setColumnWidth(SectionColumn, SectionWidth);
-    setColumnWidth(SettingColumn, SettingWidth);
+    const int character = fontMetrics().averageCharWidth();
+    setColumnWidth(SectionColumn, SectionWidth * character);
+    setColumnWidth(SettingColumn, SettingWidth * character);
+    horizontalHeader()->setMinimumSectionSize(LeastValueWidth * character);
+    setMinimumWidth((SectionWidth + SettingWidth + 2 * LeastValueWidth) * character +
+                    verticalScrollBar()->sizeHint().width() + 2 * frameWidth());
     sortByColumn(SectionColumn, Qt::AscendingOrder);
     setSortingEnabled(true);
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &DifferencesTable::ChoiceChanged);

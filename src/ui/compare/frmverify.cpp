@@ -20,6 +20,7 @@ FrmVerify::FrmVerify(QSettings &memory, QWidget *parent)
       tblDiffers_(new DifferencesTable)
 {
     lblVerify_->setWordWrap(true);
+    lblVerify_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     auto *column = new QVBoxLayout(this);
     column->addWidget(lblVerify_);
     column->addWidget(tblDiffers_, 1);

@@ -75,15 +75,15 @@ void DifferSidesTest::keptSnapshotsAreOfferedTheNewestFirst()
         QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(-3600 * hoursAgo),
                                  QFileDevice::FileModificationTime));
     };
-    keep("snapshots/2024-03-14 2104.zcf", 1);
-    keep("snapshots/2024-03-12 1100.zcf", 9);
-    keep("snapshots/2024-03-15 0900.zcf", 0);
+    keep("snapshots/2024-03-14 21.04.00.zcf", 1);
+    keep("snapshots/2024-03-12 11.00.59.zcf", 9);
+    keep("snapshots/2024-03-15 09.00.00.zcf", 0);
     console.OpenDiffers();
-    QCOMPARE(
-        console.Choices("cboRight"),
-        (QStringList{"Screen", "Unit", "Start-up snapshot", "Snapshot 2024-03-15 0900",
-                     "Snapshot 2024-03-14 2104", "Snapshot 2024-03-12 1100", "Factory values", "File ..."}));
-    console.ChooseItem("cboRight", "Snapshot 2024-03-14 2104");
+    QCOMPARE(console.Choices("cboRight"),
+             (QStringList{"Screen", "Unit", "Start-up snapshot", "Snapshot 2024-03-15 09.00.00",
+                          "Snapshot 2024-03-14 21.04.00", "Snapshot 2024-03-12 11.00.59", "Factory values",
+                          "File ..."}));
+    console.ChooseItem("cboRight", "Snapshot 2024-03-14 21.04.00");
     QVERIFY(console.Rows().contains("Theater | Theater Name |  | Odeon 3"));
 }
 

@@ -17,6 +17,7 @@ class TakeTest : public QObject {
     void whatIsTypedIsTakenFirst();
     void aBadTypedValueCallsTheTakeOff();
     void offLineTheRoomChangesAndTheLineTells();
+    void afterAConnectionThatFailedItTakesAllTheSame();
 };
 
 namespace {
@@ -178,6 +179,17 @@ void TakeTest::offLineTheRoomChangesAndTheLineTells()
     QCOMPARE(console.room.Audio.ChannelTrim[Center], Byte(8));
     QVERIFY(console.Find<QLabel>("lblSent")->text().startsWith("1 change not in the unit"));
     QCOMPARE(console.Calls(), Calls());
+}
+
+void TakeTest::afterAConnectionThatFailedItTakesAllTheSame()
+{
+    DiffersConsole console(OffLine, Tab::FormatSelection);
+    console.AnswerNextBox("Connection Error", QMessageBox::Ok);
+    console.Click("cmdConnect");
+    OpenAgainstSample(console);
+    ChooseRow(console, "Options | Surround delay | 0 mS | 50 mS");
+    console.Click("cmdTake");
+    QCOMPARE(console.room.System.SurroundDelay, Byte(5));
 }
 
 QTEST_MAIN(TakeTest)

@@ -22,6 +22,8 @@ class LookTest : public QObject {
     void aCaptionBesideAMarkThatIsCutIsFound();
     void everyTabFitsAndShowsItsTexts_data();
     void everyTabFitsAndShowsItsTexts();
+    void theWindowsOfTheToolsShowTheirTexts_data();
+    void theWindowsOfTheToolsShowTheirTexts();
     void theLampShowsItsColourFlat_data();
     void theLampShowsItsColourFlat();
 };
@@ -135,6 +137,33 @@ void LookTest::everyTabFitsAndShowsItsTexts()
         QCOMPARE(CutTexts(console.window.get()).join(", "), QString());
     }
     QVERIFY(SSTAB1->tabBar()->tabRect(TabCount - 1).right() <= SSTAB1->tabBar()->width());
+}
+
+void LookTest::theWindowsOfTheToolsShowTheirTexts_data()
+{
+    QTest::addColumn<QString>("item");
+    QTest::addColumn<QString>("form");
+    QTest::newRow("what differs") << "mnuDiffers"
+                                  << "frmDiffers";
+    QTest::newRow("verify") << "mnuVerify"
+                            << "frmVerify";
+}
+
+void LookTest::theWindowsOfTheToolsShowTheirTexts()
+{
+    QFETCH(QString, item);
+    QFETCH(QString, form);
+    ConsoleUnderTest console;
+    console.unit.audio.ChannelTrim[Center] = 3;
+    console.Trigger(qPrintable(item));
+    auto *window = console.Find<QDialog>(form);
+    for (const QSize size : {window->size(), window->minimumSizeHint()}) {
+        window->resize(size);
+        QTest::qWait(0);
+        Keep(window, QString("%1-%2").arg(form).arg(size.width()));
+        QVERIFY(window->width() <= 640 && window->height() <= 480);
+        QCOMPARE(CutTexts(window).join(", "), QString());
+    }
 }
 
 void LookTest::theLampShowsItsColourFlat_data()
