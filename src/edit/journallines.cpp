@@ -70,10 +70,11 @@ std::string Line(const std::vector<std::string> &cells)
 {
     std::string text;
     for (const std::string &cell : cells) {
-        if (!text.empty())
-            text += '\t';
         Escape(cell, text);
+        text += '\t';
     }
+    if (!cells.empty())
+        text.pop_back();
     return Digits(Sum(text)) + ' ' + text + '\n';
 }
 

@@ -352,3 +352,24 @@ TEST_CASE("a folder that goes while the console runs is made again, and the jour
     CHECK(found[0].done == 2);
     CHECK(found[0].room.Audio.ObeLevel == 3);
 }
+
+TEST_CASE("the page on the journal tells its form")
+{
+    std::ifstream page(KELVO_DOCS "/journal.md");
+    std::string example;
+    for (std::string line; std::getline(page, line);)
+        if (line.starts_with("    kelvo-console journal") || (!example.empty() && line.starts_with("    ")))
+            example += line.substr(4) + "\n";
+        else if (example.find("slot") == std::string::npos)
+            example.clear(); // the name alone, told by itself
+        else
+            break;
+    const auto left = ReadJournal(example);
+    REQUIRE(left);
+    CHECK(left->done == 2);
+    CHECK(left->fileName == "/rooms/Rex 1.zcf");
+    CHECK(Get(left->room, field::Band(Center, 14)) == 15);
+    CHECK(left->room.Audio.ObeLevel == 12);
+    REQUIRE(left->hasSlots);
+    CHECK(Get(*left->slotsKept.Kept(0), field::Band(Center, 14)) == 15);
+}
