@@ -23,6 +23,8 @@ struct Console {
                    unit,
                    clock,
                    {.programDirectory = folder.path(),
+                    .dataFolder = folder.filePath("data"),
+                    .memoryFile = folder.filePath("windows.conf"),
                     .serialIniMissing = [] { return false; },
                     .report = [](const QString &) {}}};
 

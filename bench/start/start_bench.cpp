@@ -1,6 +1,8 @@
+#include "edit/journal.h"
 #include "measuring.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -25,12 +27,15 @@ double Now()
     return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
 }
 
-Reading Start(const QString &program, const QStringList &arguments, int watchSeconds)
+/// `folder` takes what the program keeps.
+Reading Start(const QString &program, const QStringList &arguments, int watchSeconds, const QString &folder)
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("QT_PLUGIN_PATH", KELVO_PROBE_PLUGINS);
     environment.insert("QT_QPA_GENERIC_PLUGINS", "KelvoProbe");
+    environment.insert("XDG_DATA_HOME", folder + "/data");
+    environment.insert("XDG_CONFIG_HOME", folder + "/config");
     environment.insert("KELVO_BENCH_WATCH", QString::number(watchSeconds));
     environment.insert("KELVO_BENCH_STARTED", QString::number(Now(), 'f', 9));
     process.setProcessEnvironment(environment);
@@ -47,6 +52,25 @@ Reading Start(const QString &program, const QStringList &arguments, int watchSec
     return reading;
 }
 
+Reading StartConsole(const QString &folder, int watchSeconds)
+{
+    return Start(KELVO_CONSOLE, {"--simulate", "--program-dir", folder}, watchSeconds, folder);
+}
+
+/// What a run of many steps leaves that is killed.
+void LeaveJournal(const QString &folder, std::size_t steps)
+{
+    kelvo::RoomSettings room;
+    const kelvo::FileState file;
+    const kelvo::Slots kept;
+    kelvo::Journal journal(folder.toStdString() + "/data/kelvo-console/journals",
+                           [](const std::string &) { qFatal("no journal"); });
+    for (std::size_t step = 1; step <= steps; ++step) {
+        kelvo::Set(room, kelvo::field::Band(kelvo::Center, 14), int(step % 25));
+        journal.Keep({room, file, kept, step, kelvo::LocalTime(std::chrono::seconds(step))});
+    }
+}
+
 template <typename Field>
 double Median(std::vector<Reading> readings, Field field)
 {
@@ -60,23 +84,32 @@ double Median(std::vector<Reading> readings, Field field)
 int main(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
+    const std::size_t JournalSteps = 10'000;
     const int runs = kelvo::FullOrBrief(20, 1);
     const int idleSeconds = kelvo::FullOrBrief(60, 1);
     const bool idleToo = !application.arguments().contains("--no-idle");
 
     std::vector<Reading> console;
+    std::vector<Reading> withJournal;
     std::vector<Reading> empty;
     std::vector<Reading> plain;
+    QTemporaryDir left;
+    LeaveJournal(left.path(), JournalSteps);
     for (int run = 0; run < runs; ++run) {
         QTemporaryDir folder;
-        console.push_back(Start(KELVO_CONSOLE, {"--simulate", "--program-dir", folder.path()}, 0));
-        empty.push_back(Start(KELVO_EMPTY, {}, 0));
-        plain.push_back(Start(KELVO_PLAIN, {}, 0));
+        console.push_back(StartConsole(folder.path(), 0));
+        QFile::remove(left.filePath("temp.qm4")); // a run that ends here never tidies up
+        withJournal.push_back(StartConsole(left.path(), 0));
+        empty.push_back(Start(KELVO_EMPTY, {}, 0, folder.path()));
+        plain.push_back(Start(KELVO_PLAIN, {}, 0, folder.path()));
     }
     const double consoleStart = Median(console, &Reading::seconds);
     const double emptyStart = Median(empty, &Reading::seconds);
     std::printf("start: %.1f ms, empty window %.1f ms, ratio %.2f (goal at most 1.5), medians of %d\n",
                 consoleStart * 1e3, emptyStart * 1e3, consoleStart / emptyStart, runs);
+    const double journalStart = Median(withJournal, &Reading::seconds);
+    std::printf("start with a journal of %zu steps: %.1f ms, %.2f times without (goal under 1.2)\n",
+                JournalSteps, journalStart * 1e3, journalStart / consoleStart);
     const double consoleWeight = Median(console, &Reading::megabytes);
     const double plainWeight = Median(plain, &Reading::megabytes);
     std::printf("resident memory: %.1f MB, empty window %.1f MB, as many plain controls %.1f MB, "
@@ -84,8 +117,7 @@ int main(int argc, char **argv)
                 consoleWeight, Median(empty, &Reading::megabytes), plainWeight, consoleWeight / plainWeight);
     if (idleToo) {
         QTemporaryDir folder;
-        const Reading idle =
-            Start(KELVO_CONSOLE, {"--simulate", "--program-dir", folder.path()}, idleSeconds);
+        const Reading idle = StartConsole(folder.path(), idleSeconds);
         std::printf("idle and connected: %.2f %% of one core over %d s (goal under 0.5)\n",
                     idle.cpuSeconds / idleSeconds * 100, idleSeconds);
     }
