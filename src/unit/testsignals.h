@@ -13,6 +13,8 @@ struct TestSignals {
     std::array<bool, ChannelCount> Pink{};
     std::array<bool, ChannelCount> Inverted{};
     bool RT60 = false;
+
+    bool operator==(const TestSignals &) const = default;
 };
 
 // Each is sent whatever the unit is known to play; nothing is sent off line.

@@ -122,11 +122,20 @@ void FrmMain::ArrangeWindow()
     setCentralWidget(centre);
     resize(UsualSize);
 
+    stateLine_ = new StateLine(menuBar());
+    connect(menus_, &Menus::LineChosen, this, &FrmMain::ShowStateLine);
+
     // Carries the window's normal button face; nobody sees it.
     auto *cmdtest = Named(new QPushButton(centre), "cmdtest");
     cmdtest->hide();
 
     tabs_->tabBar()->setFocus();
+}
+
+void FrmMain::AddSimulatorMenu(SimulatedUnit &unit)
+{
+    menus_->AddSimulator(unit);
+    stateLine_->ShowUnitKind(messages::SimulatedKind, messages::SimulatedMeaning);
 }
 
 void FrmMain::BuildTimers()

@@ -12,6 +12,7 @@
 #include "ui/main/places.h"
 #include "ui/main/recovery.h"
 #include "ui/main/snapshot.h"
+#include "ui/main/stateline.h"
 #include "ui/main/toolsmenu.h"
 #include "unit/linkview.h"
 
@@ -35,7 +36,9 @@ class FrmMain final : public QMainWindow, private LinkView {
     ~FrmMain() override;
 
     /// Adds the menu "Simulated Unit", which opens the knobs of a unit that exists in memory alone.
-    void AddSimulatorMenu(SimulatedUnit &unit) { menus_->AddSimulator(unit); }
+    void AddSimulatorMenu(SimulatedUnit &unit);
+    /// A fault that needs no box, in one line of the state line; told once.
+    void TellFault(const QString &fault);
     /// The start-up sequence; run once, before the window is shown.
     void Form_Load();
     /// Opens a settings file as `mnuLoad` would once its dialog has chosen it. False after a report.
@@ -66,7 +69,7 @@ class FrmMain final : public QMainWindow, private LinkView {
     void ShowTitle(const QString &name);
     /// Brings every place that shows the room into line.
     void ShowRoom(const Changed &changed);
-    void TellFault(const QString &fault);
+    void ShowStateLine();
 
     /// One guard for every timer: none touches the unit while a box is open or a call is in progress.
     bool TimersMayTouchUnit() const;
@@ -96,6 +99,7 @@ class FrmMain final : public QMainWindow, private LinkView {
     std::unique_ptr<ToolsMenu> tools_;
     TabPages *tabs_ = nullptr;
     MasterColumn *column_ = nullptr;
+    StateLine *stateLine_ = nullptr;
     std::unique_ptr<FrmProg> frmProg_;
     QTimer *tmrPoll_ = nullptr;
     bool started_ = false; ///< the start-up sequence is over

@@ -1,8 +1,10 @@
 #include "ui/main/frmmain.h"
 
+#include "model/tables.h"
 #include "ui/main/messages.h"
 
 #include <QApplication>
+#include <QDir>
 
 namespace kelvo {
 
@@ -101,6 +103,10 @@ void FrmMain::ShowSent()
     edit_->Reflect();
     tools_->Follow();
     files_->FollowFile();
+    ShowStateLine();
+    // What windows remember is written some time after it changed.
+    if (memory_.status() == QSettings::AccessError)
+        TellFault(QString(messages::CannotRemember).arg(QDir::toNativeSeparators(memory_.fileName())));
 }
 
 /// The line takes what it offers, else it tells what it counts.
@@ -116,7 +122,22 @@ void FrmMain::lblSent_Click()
 
 void FrmMain::TellFault(const QString &fault)
 {
-    places_.report(fault);
+    if (stateLine_->Tell(fault))
+        places_.report(fault);
+}
+
+/// What the unit was last told, or told us; a lost link does not change that.
+void FrmMain::ShowStateLine()
+{
+    const UnitHolds &holds = link_.Holds();
+    const bool measuring = panels_.optical->Stream().Running();
+    const Word format = holds.LiveOr(field::Format, FormatCount);
+    stateLine_->Show(
+        {.port = menus_->PortCaption(),
+         .speed = menus_->SpeedCaption(),
+         .muted = holds.LiveOr(field::Mute, False) != False,
+         .playing = holds.Playing,
+         .measuring = measuring && format < FormatCount ? ModeCaption[std::size_t(format)] : nullptr});
 }
 
 void FrmMain::StreamLock(bool locked)

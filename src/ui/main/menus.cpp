@@ -98,7 +98,7 @@ void Menus::BuildPorts()
 {
     QMenu *mnuCom = Submenu(mnuOpt_, "mnuCom", "COM Port Selection");
     for (Word port = 1; const auto &[name, caption] : Ports) {
-        Marked(Item(mnuCom, name, caption, [this, port] { desk_.options.ComPort = port; }),
+        Marked(Item(mnuCom, name, caption, [this, port] { mnuCom_Click(port); }),
                [this, port] { return desk_.options.ComPort == port; });
         ++port;
     }
@@ -166,9 +166,26 @@ void Menus::EnableForStream(bool streaming)
     mnuRef_->setEnabled(!streaming);
 }
 
+const char *Menus::PortCaption() const
+{
+    return Ports[std::size_t(desk_.options.ComPort - 1)].second;
+}
+
+const char *Menus::SpeedCaption() const
+{
+    return Rates[std::size_t(baudIndex_)].second;
+}
+
+void Menus::mnuCom_Click(Word port)
+{
+    desk_.options.ComPort = port;
+    emit LineChosen();
+}
+
 void Menus::mnuBaud_Click(Word index)
 {
     baudIndex_ = index;
+    emit LineChosen();
     desk_.link.RetryFunction(UnitOp::SetDLLBaud, index, 0);
 }
 

@@ -47,11 +47,16 @@ class Menus : public QObject {
     void Enable(bool enable);
     /// An item would do what it says: nothing is under way, and no box or dialog is in front.
     bool Usable() const;
+    const char *PortCaption() const; ///< "COM 1"
+    const char *SpeedCaption() const;
     /// What a running stream forbids is disabled.
     void EnableForStream(bool streaming);
     void mnuSet_Click();
     /// The dialog that disables the main window while it is open, or null.
     FrmRef *OpenRefresh() const { return frmRef_.get(); }
+
+  signals:
+    void LineChosen(); ///< another port or speed
 
   private:
     QAction *Marked(QAction *action, std::function<bool()> checked);
@@ -60,6 +65,7 @@ class Menus : public QObject {
     void BuildOptions(QMenuBar *bar);
     void BuildPorts();
     void BuildUploadOptions();
+    void mnuCom_Click(Word port);
     void mnuBaud_Click(Word index);
     void mnuAuto_Click();
     void mnuAutoRef_Click();

@@ -2,6 +2,8 @@
 
 #include "ui/controls/messages.h"
 
+#include <array>
+
 namespace kelvo::messages {
 
 inline constexpr auto WindowTitle = "Kelvo Cinema Processor and EQ Software   <%1>";
@@ -10,6 +12,29 @@ inline constexpr auto FromUnit = "CP Settings";
 inline constexpr auto ConnectCaption = "Connect";
 inline constexpr auto UnitInformation = "Processor Unit Information";
 inline constexpr auto SentHint = "A click opens what this line tells of.";
+
+// The state line: what a label reads, what it means, and what is announced when it goes.
+inline constexpr std::array ShortChannelName{"L", "LS", "C", "RS", "R", "SW"};
+inline constexpr auto AllChannels = "ALL";
+inline constexpr auto SimulatedKind = "SIMULATED";
+inline constexpr auto SimulatedMeaning = "No unit: a simulated one answers";
+inline constexpr auto LineMeaning = "Serial port %1, %2 baud";
+inline constexpr auto MutedState = "MUTED";
+inline constexpr auto MutedMeaning = "The unit is muted";
+inline constexpr auto NotMuted = "Not muted";
+inline constexpr auto NoiseState = "NOISE";
+inline constexpr auto NoiseMeaning = "Pink noise";
+inline constexpr auto NoNoise = "No pink noise";
+inline constexpr auto PhaseState = "PHASE";
+inline constexpr auto PhaseMeaning = "Inverted";
+inline constexpr auto NoPhase = "no phase inverted";
+inline constexpr auto RT60State = "RT60";
+inline constexpr auto RT60Meaning = "The RT60 signal plays";
+inline constexpr auto NoRT60 = "No RT60 signal";
+inline constexpr auto MeasuringState = "MEASURING %1";
+inline constexpr auto MeasuringMeaning = "A measurement holds the unit in the format %1";
+inline constexpr auto NotMeasuring = "No measurement";
+
 inline constexpr auto OffLineHint = "Off line. Press Connect or F1.";
 
 inline constexpr auto RecentScreen = "screen %1";
@@ -28,6 +53,7 @@ inline constexpr Message CannotOpen{Exclamation, "File Error", "Cannot open %1: 
 
 // Faults that only the state line tells.
 inline constexpr auto CannotKeep = "Cannot keep %1 in the folder %2.";
+inline constexpr auto CannotRemember = "Cannot keep window places and recent files in %1.";
 inline constexpr auto CannotJournal = "Cannot write the journal in %1: %2.";
 
 inline constexpr Message SmallScreen{CriticalError, "Screen Resolution Error",

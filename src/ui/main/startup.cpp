@@ -53,6 +53,7 @@ void FrmMain::InitialiseSettings()
     snapshot_.Keep(); // left by a run that never came to its end
     options_ = ReadPreferences(places_.PreferencesFile().toStdString());
     menus_->ShowPreferences();
+    ShowStateLine();
     if (places_.serialIniMissing())
         library_.DLLCreateIni();
 }
