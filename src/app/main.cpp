@@ -111,6 +111,7 @@ int Run(int argc, char **argv, const CommandLine &line)
         Qt::DirectConnection);
     // Told without having been asked, or in spite of the answer: the session is over.
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &window, &FrmMain::LeaveNow);
+    OnTermination(&window, [&window] { window.EndRun(); });
     if (line.simulate)
         window.AddSimulatorMenu(simulated);
     window.Form_Load();

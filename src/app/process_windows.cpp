@@ -59,6 +59,11 @@ void PrepareProcess()
     UseParentConsole();
 }
 
+// The session's end asks the windows.
+void OnTermination(QObject *, const std::function<void()> &)
+{
+}
+
 // A console takes wide characters, whatever its code page; files and pipes take UTF-8.
 void Print(std::FILE *stream, const QString &text)
 {

@@ -2,13 +2,17 @@
 
 #include "files/preferencesfile.h"
 #include "ui/controls/levelfield.h"
+#include "ui/controls/named.h"
 #include "ui/main/messages.h"
 #include "unit/sequences.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QScopedValueRollback>
 #include <QTimer>
+
+#include <utility>
 
 namespace kelvo {
 
@@ -64,6 +68,31 @@ void Closing::LeaveNow()
 {
     mayAsk_ = false;
     TidyUp();
+}
+
+void Closing::EndRun()
+{
+    if (std::exchange(runEnds_, true))
+        return;
+    mayAsk_ = false;
+    // Again and again: a call or a start that is under way may open another box, and enter another loop, yet.
+    constexpr int Often = 50;
+    auto *tmrLeave = Named(new QTimer(this), "tmrLeave");
+    connect(tmrLeave, &QTimer::timeout, this, &Closing::CloseAndLeave);
+    tmrLeave->start(Often);
+    CloseAndLeave();
+}
+
+void Closing::CloseAndLeave()
+{
+    DropEntries();
+    if (QWidget *popup = QApplication::activePopupWidget())
+        popup->close();
+    if (auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget()))
+        dialog->reject();
+    if (FrmRef *frmRef = desk_.menus.OpenRefresh())
+        frmRef->close();
+    QApplication::exit();
 }
 
 bool Closing::Form_Unload()

@@ -44,6 +44,9 @@ class Closing : public QObject {
     void CarryOutClose();
     /// The log-off of the PC's session asks: closes, with its questions when `mayAsk`. False calls it off.
     bool EndSession(bool mayAsk);
+    /// Ends the run without a question: what is open is closed as Escape would, and once every dialog and
+    /// call on the stack has come to its end the event loop is left.
+    void EndRun();
     /// The process is about to end, whatever is on the screen: does what a close does last, without a
     /// question.
     void LeaveNow();
@@ -55,6 +58,7 @@ class Closing : public QObject {
     bool SaveQuestionAnswered();
     /// False when the unit does not hold its former settings afterwards.
     bool RevertToSnapshot();
+    void CloseAndLeave();
     void TidyUp();
     void WritePreferencesFile();
 
@@ -65,6 +69,7 @@ class Closing : public QObject {
     bool mayAsk_ = true;
     bool sessionEnds_ = false; ///< the close is asked for by the log-off
     bool originals_ = true;    ///< the unit's former settings may still be wanted
+    bool runEnds_ = false;     ///< a signal has asked for the end
     bool left_ = false;        ///< the files are tidied and the unit is let go
 };
 

@@ -45,6 +45,8 @@ class FrmMain final : public QMainWindow, private LinkView {
     bool OpenFile(const QString &path) { return files_->OpenFile(path); }
     /// The log-off of the PC's session asks: closes, with its questions when `mayAsk`. False calls it off.
     bool EndSession(bool mayAsk) { return closing_->EndSession(mayAsk); }
+    /// Ends the run as soon as whatever is on the stack has come to its end; nobody is asked.
+    void EndRun() { closing_->EndRun(); }
     /// The process is about to end, whatever is on the screen.
     void LeaveNow() { closing_->LeaveNow(); }
 

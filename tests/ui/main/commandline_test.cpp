@@ -1,9 +1,7 @@
 #include "files/configfile.h"
+#include "support/ui/consoleprocess.h"
 
-#include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace kelvo;
@@ -23,27 +21,6 @@ class CommandLineTest : public QObject {
 };
 
 namespace {
-
-/// A console that is killed when the test has seen enough.
-struct Console {
-    explicit Console(const QStringList &arguments)
-    {
-        // Where there is no Windows directory, the stand-in is made here and not in the user's home.
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("XDG_CONFIG_HOME", home.path());
-        process.setProcessEnvironment(environment);
-        const QDir tests(QCoreApplication::applicationDirPath());
-        process.start(tests.filePath("../../kelvo-console"), arguments);
-    }
-    ~Console()
-    {
-        process.kill();
-        process.waitForFinished();
-    }
-
-    QTemporaryDir home;
-    QProcess process;
-};
 
 QByteArray ContentOf(const QString &path)
 {
@@ -69,7 +46,7 @@ void CommandLineTest::aBadCommandLineIsOneLineAndTwo_data()
 void CommandLineTest::aBadCommandLineIsOneLineAndTwo()
 {
     QFETCH(QStringList, arguments);
-    Console console(arguments);
+    ConsoleProcess console(arguments);
     QVERIFY(console.process.waitForFinished());
     QCOMPARE(console.process.exitStatus(), QProcess::NormalExit);
     QCOMPARE(console.process.exitCode(), 2);
@@ -91,7 +68,7 @@ void CommandLineTest::helpAndVersionArePrinted()
 {
     QFETCH(QString, option);
     QFETCH(QByteArray, first);
-    Console console({option});
+    ConsoleProcess console({option});
     QVERIFY(console.process.waitForFinished());
     QCOMPARE(console.process.exitCode(), 0);
     const QByteArray text = console.process.readAllStandardOutput();
@@ -106,7 +83,7 @@ void CommandLineTest::theSimulatedUnitIsConnectedAndLogged()
 {
     QTemporaryDir folder;
     const QString log = folder.filePath("calls.log");
-    Console console({"--simulate", "--program-dir", folder.path(), "--log=" + log});
+    ConsoleProcess console({"--simulate", "--program-dir", folder.path(), "--log=" + log});
     QTRY_VERIFY(ContentOf(log).count("< StopStream 0 ()") == 2);
     QTRY_VERIFY(QFile::exists(folder.filePath("temp.qm4")));
 }
@@ -118,7 +95,7 @@ void CommandLineTest::aNamedFileIsOpenedAfterTheStart()
     room.FaderLevel = 21;
     QVERIFY(!SaveConfigFile(folder.filePath("room.zcf").toStdString(), room));
     const QString log = folder.filePath("calls.log");
-    Console console(
+    ConsoleProcess console(
         {"--simulate", "--program-dir", folder.path(), "--log", log, folder.filePath("room.zcf")});
     QTRY_VERIFY(ContentOf(log).contains("< SetVol 0 ()"));
     const QByteArray calls = ContentOf(log);
@@ -129,11 +106,11 @@ void CommandLineTest::aSecondConsoleOnTheSameFolderTakesNoSnapshot()
 {
     QTemporaryDir folder;
     const QString log = folder.filePath("calls.log");
-    Console first({"--simulate", "--program-dir", folder.path()});
+    ConsoleProcess first({"--simulate", "--program-dir", folder.path()});
     const QString snapshot = folder.filePath("temp.qm4");
     QTRY_VERIFY(QFile::exists(snapshot));
     QVERIFY(QFile::remove(snapshot));
-    Console second({"--simulate", "--program-dir", folder.path(), "--log", log});
+    ConsoleProcess second({"--simulate", "--program-dir", folder.path(), "--log", log});
     // Its first poll comes after its start-up is over.
     QTRY_VERIFY_WITH_TIMEOUT(ContentOf(log).count("> GetVol()") == 2, 10000);
     QVERIFY(!QFile::exists(snapshot));
