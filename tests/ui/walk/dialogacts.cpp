@@ -108,10 +108,25 @@ void ReadGuide(Walker &walker)
     }
 }
 
+void ReadGuideWindow(Walker &walker)
+{
+    QDialog *frmGuide = walker.Open("frmGuide");
+    if (!frmGuide || !frmGuide->isEnabled())
+        return;
+    walker.Activate(frmGuide);
+    if (walker.Chance(3))
+        frmGuide->findChild<QLineEdit *>("txtSearch")
+            ->setText(walker.Pick({"e", "unit", "", "nowhere in it"}));
+    else
+        walker.Console().Key(walker.Pick(
+            {Qt::Key_F1, Qt::Key_F2, Qt::Key_F3, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_Escape}));
+}
+
 constexpr std::array Acts{
     Act{"close the fader dialog", 4, CloseFader},        Act{"fill in the automatic update", 10, SetRefresh},
     Act{"close the automatic update", 20, CloseRefresh}, Act{"turn a knob of the simulator", 8, TurnKnob},
     Act{"close the simulator", 3, CloseSimulator},       Act{"read the guide", 24, ReadGuide},
+    Act{"read the guide's window", 12, ReadGuideWindow},
 };
 
 } // namespace

@@ -1,5 +1,8 @@
 #include "ui/walk/acts.h"
 
+#include <QAction>
+#include <QMenu>
+
 namespace kelvo {
 
 namespace {
@@ -20,9 +23,18 @@ void New(Walker &walker)
     walker.SignalsAreNew();
 }
 
+void OpenRecent(Walker &walker)
+{
+    emit walker.Console().Find<QMenu>("mnuTools")->aboutToShow();
+    const QList<QAction *> files = walker.Console().Find<QMenu>("mnuRecent")->actions();
+    if (!files.isEmpty())
+        walker.Choose(files[walker.Number(int(files.size()))]->objectName().toLatin1().constData());
+}
+
 constexpr std::array Acts{
     Act{"New", 2, New},
     Act{"Open", 3, [](Walker &walker) { walker.Choose("mnuLoad"); }},
+    Act{"Recent Files", 2, OpenRecent},
     Act{"Save", 3, [](Walker &walker) { walker.Choose("mnuSave"); }},
     Act{"Save As", 2, [](Walker &walker) { walker.Choose("mnuSaveAs"); }},
     Act{"Update", 10, [](Walker &walker) { walker.Choose("mnuRef"); }},
@@ -35,6 +47,7 @@ constexpr std::array Acts{
     Act{"Automatic Update", 2, [](Walker &walker) { walker.Choose("mnuAutoRef"); }},
     Act{"Use System Date/Time", 2, [](Walker &walker) { walker.Choose("mnuSys"); }},
     Act{"Set Theater Information", 4, [](Walker &walker) { walker.Choose("mnuSet"); }},
+    Act{"Guide", 2, [](Walker &walker) { walker.Choose("mnuGuide"); }},
     Act{"Knobs and Front Panel", 1, [](Walker &walker) { walker.Choose("mnuKnobs"); }},
 };
 

@@ -20,6 +20,7 @@ constexpr std::array Stations{
     "frmRef",
     "frmFader",
     "frmSimulator",
+    "frmGuide",
     "Open",
     "Save As",
     "Connection Error",

@@ -143,7 +143,7 @@ QString Walker::LetGo()
 {
     BeginAct("let go");
     ++places[State()];
-    for (const char *dialog : {"frmRef", "frmFader", "frmSimulator"})
+    for (const char *dialog : {"frmRef", "frmFader", "frmSimulator", "frmGuide"})
         places[dialog] += Open(dialog) != nullptr;
     mostBadValues_ = 2; // in the window and in the fader dialog
     if (heldKey != 0)
