@@ -1,7 +1,10 @@
 #include "ui/main/keypreview.h"
 
+#include "ui/controls/levelfield.h"
+
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QTabBar>
 #include <QWheelEvent>
 
@@ -29,6 +32,8 @@ KeyPreview::~KeyPreview()
 bool KeyPreview::eventFilter(QObject *watched, QEvent *event)
 {
     const QEvent::Type type = event->type();
+    if (type == QEvent::ShortcutOverride)
+        return KeepForText(watched, static_cast<QKeyEvent *>(event));
     if (type != QEvent::KeyPress && type != QEvent::Wheel)
         return false;
     auto *receiver = qobject_cast<QWidget *>(watched);
@@ -39,6 +44,17 @@ bool KeyPreview::eventFilter(QObject *watched, QEvent *event)
         return PreviewWheel(receiver, static_cast<QWheelEvent *>(event)->angleDelta().y());
     auto *key = static_cast<QKeyEvent *>(event);
     return PreviewKey(receiver, key->key(), key->modifiers() & ~Qt::KeypadModifier, key->isAutoRepeat());
+}
+
+/// Redo belongs to a text with the focus as undo does, which the toolkit sees to. Level fields know
+/// themselves.
+bool KeyPreview::KeepForText(QObject *receiver, QKeyEvent *key)
+{
+    const bool ofText = qobject_cast<QLineEdit *>(receiver) && !qobject_cast<LevelField *>(receiver) &&
+                        key->key() == Qt::Key_Y && key->modifiers() == Qt::ControlModifier;
+    if (ofText)
+        key->accept();
+    return ofText;
 }
 
 bool KeyPreview::PreviewWheel(QWidget *receiver, int angle)

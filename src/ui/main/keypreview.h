@@ -25,6 +25,7 @@ class KeyPreview : public QObject {
     bool eventFilter(QObject *watched, QEvent *event) override;
 
   private:
+    bool KeepForText(QObject *receiver, QKeyEvent *key);
     bool PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers modifiers, bool repeat);
     bool RunShortcut(int key, bool repeat);
     bool PreviewHelpKey(QWidget *receiver, int key, Qt::KeyboardModifiers modifiers);

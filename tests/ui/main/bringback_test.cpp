@@ -3,6 +3,7 @@
 #include "files/configfile.h"
 
 #include <QAction>
+#include <QDialog>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
@@ -26,6 +27,7 @@ class BringBackTest : public QObject {
     void anExitThatMayNotAskKeepsUnsavedWork();
     void anExitThatWasAskedKeepsNothing();
     void aJournalThatCannotBeWrittenIsToldOnce();
+    void whatCannotBeRememberedIsToldOnce();
     void slotsAloneAreOffered();
 };
 
@@ -238,6 +240,25 @@ void BringBackTest::aJournalThatCannotBeWrittenIsToldOnce()
     QCOMPARE(console.reports.size(), 1);
     QVERIFY(console.reports[0].startsWith("Cannot write the journal in "));
     QCOMPARE(console.unit.audio.ChannelTrim[Center], Byte(10));
+}
+
+void BringBackTest::whatCannotBeRememberedIsToldOnce()
+{
+    QTemporaryDir data;
+    QFile inTheWay(data.filePath("settings"));
+    QVERIFY(inTheWay.open(QFile::WriteOnly));
+    ConsoleUnderTest console(OnLine, Tab::OutputTrim, [&](ConsoleUnderTest &test) {
+        test.places.memoryFile = data.filePath("settings/windows.conf");
+    });
+    for (int time = 0; time < 2; ++time) {
+        console.Trigger("mnuHistory");
+        console.Find<QDialog>("frmHistory")->close();
+        QCoreApplication::processEvents();
+        console.Trigger("mnuKeep(0)");
+    }
+    QCOMPARE(console.reports.size(), 1);
+    QVERIFY(console.reports[0].startsWith("Cannot keep window places and recent files in "));
+    QCOMPARE(console.Find<QLabel>("lblNotice")->text(), console.reports[0]);
 }
 
 void BringBackTest::slotsAloneAreOffered()
