@@ -234,6 +234,7 @@ void OpticalPanel::StreamLock(bool locked)
     if (shownLock_ == locked)
         return;
     shownLock_ = locked;
+    graphs_->ShowLive(locked);
     lblLock_->setText(locked ? messages::Locked : messages::NotLocked);
     Fill(lblLock_, locked ? Green : Red);
 }
@@ -241,6 +242,7 @@ void OpticalPanel::StreamLock(bool locked)
 void OpticalPanel::BlankLock()
 {
     shownLock_.reset();
+    graphs_->ShowLive(false);
     lblLock_->clear();
     ClearFill(lblLock_);
 }

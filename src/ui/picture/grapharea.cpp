@@ -34,6 +34,12 @@ void GraphArea::ShowAzimuth(bool show)
     update(); // the frame of the one and of the other
 }
 
+void GraphArea::ShowLive(bool live)
+{
+    OptGraph_->ShowLive(live);
+    optAzi_->ShowLive(live);
+}
+
 QSize GraphArea::minimumSizeHint() const
 {
     return SmallestGraph + QSize(2 * Frame, 2 * Frame);

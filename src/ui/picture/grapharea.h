@@ -17,6 +17,8 @@ class GraphArea : public QWidget {
     OptGraph &Graph() { return *OptGraph_; }
     OptAzi &Azimuth() { return *optAzi_; }
     void ShowAzimuth(bool show);
+    /// False: the readings shown are the last of a stream that is not there.
+    void ShowLive(bool live);
 
     QSize minimumSizeHint() const override;
     QSize sizeHint() const override { return minimumSizeHint(); }

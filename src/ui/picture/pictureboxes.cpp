@@ -34,7 +34,8 @@ QColor ColourOf(Ink ink)
 /// Draws shapes given in the graph's units on whole pixels of the device.
 class DeviceCanvas {
   public:
-    DeviceCanvas(QPainter &painter, QRect area) : painter_(painter)
+    /// Bars that are not live are hatched in the ground's colour.
+    DeviceCanvas(QPainter &painter, QRect area, bool live) : painter_(painter), live_(live)
     {
         const QTransform device = painter.deviceTransform();
         area_ = device.mapRect(QRectF(area));
@@ -59,7 +60,10 @@ class DeviceCanvas {
 
     void Draw(const GraphBox &box)
     {
-        Fill(X(box.left), Y(box.top), X(box.right) - X(box.left), Y(box.bottom) - Y(box.top), box.ink);
+        const QRect bar(X(box.left), Y(box.top), X(box.right) - X(box.left), Y(box.bottom) - Y(box.top));
+        painter_.fillRect(bar, ColourOf(box.ink));
+        if (!live_)
+            painter_.fillRect(bar, QBrush(Qt::white, Qt::BDiagPattern));
     }
 
     void Draw(const GraphText &text)
@@ -86,6 +90,7 @@ class DeviceCanvas {
     }
 
     QPainter &painter_;
+    bool live_;
     QRectF area_;
     int lineWidth_ = 1;
 };
@@ -127,6 +132,12 @@ PictureBox::PictureBox()
     connect(&frame_, &QTimer::timeout, this, &PictureBox::PaintChanged);
 }
 
+void PictureBox::ShowLive(bool live)
+{
+    if (std::exchange(live_, live) != live)
+        Changed(rect());
+}
+
 void PictureBox::PaintChanged()
 {
     repaint(std::exchange(changed_, {}));
@@ -163,7 +174,7 @@ void OptGraph::paintEvent(QPaintEvent *event)
     constexpr double FontUnits = GraphFontSize * 4 / 3;
     QPainter painter(this);
     painter.fillRect(event->rect(), Qt::white);
-    DeviceCanvas canvas(painter, rect());
+    DeviceCanvas canvas(painter, rect(), Live());
     for (const GraphLine &line : picture_.lines)
         canvas.Draw(line);
     for (const GraphBox &box : picture_.boxes)
@@ -198,6 +209,11 @@ void OptAzi::paintEvent(QPaintEvent *)
     const QRect area = device.mapRect(QRectF(rect())).toRect();
     surface_.SetScaledSide(area.width());
     painter.setTransform(device.inverted(), true);
+    constexpr double Dimmed = 0.35;
+    if (!Live()) {
+        painter.fillRect(area, Qt::white);
+        painter.setOpacity(Dimmed);
+    }
     painter.drawImage(area.topLeft(), surface_.Scaled());
 }
 

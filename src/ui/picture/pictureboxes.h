@@ -16,16 +16,20 @@ class PictureBox : public QWidget {
   public:
     PictureBox();
 
+    /// What it shows is of a stream that runs, or is a last reading: that one looks so.
+    void ShowLive(bool live);
     /// Paints what has changed since the last painting; the display frame's timer calls it.
     void PaintChanged();
 
   protected:
     /// Asks for a painting of this part within one display frame.
     void Changed(const QRect &part);
+    bool Live() const { return live_; }
 
   private:
     QTimer frame_;
     QRect changed_;
+    bool live_ = true;
 };
 
 /// The box `OptGraph`: maps the graph's units linearly onto its whole area. Lines, bars and dashes begin

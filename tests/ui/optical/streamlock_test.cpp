@@ -12,6 +12,23 @@ struct Optical : ConsoleUnderTest {
 
     QLabel &Lock() const { return *Find<QLabel>("lblLock"); }
     QRgb Ground() const { return Lock().grab().toImage().pixel(2, 2); }
+    int Count(const QString &box, const std::function<bool(QRgb)> &counts) const
+    {
+        const QImage picture = Find<QWidget>(box)->grab().toImage();
+        int count = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                count += counts(picture.pixel(x, y));
+        return count;
+    }
+    int BluePixels(const QString &box) const
+    {
+        return Count(box, [](QRgb pixel) { return pixel == qRgb(0, 0, 255); });
+    }
+    int NotWhitePixels(const QString &box) const
+    {
+        return Count(box, [](QRgb pixel) { return pixel != qRgb(255, 255, 255); });
+    }
     void ReadUntilLocked()
     {
         for (int reading = 0; reading <= SimulatedUnit::ReadingsToLock; ++reading)
@@ -55,6 +72,38 @@ class StreamLockTest : public QObject {
         console.unit.reader.locked = true;
         console.Tick("tmrOptical");
         console.IsLocked();
+    }
+
+    void lastReadingsAreHatchedOrDimmedUntilTheNext_data()
+    {
+        QTest::addColumn<QString>("measurement");
+        QTest::addColumn<QString>("box");
+        QTest::newRow("gain") << "optOptical(0)"
+                              << "OptGraph";
+        QTest::newRow("slit loss") << "optOptical(1)"
+                                   << "OptGraph";
+        QTest::newRow("azimuth") << "optOptical(2)"
+                                 << "optAzi";
+    }
+
+    void lastReadingsAreHatchedOrDimmedUntilTheNext()
+    {
+        QFETCH(QString, measurement);
+        QFETCH(QString, box);
+        Optical console;
+        console.Click(measurement);
+        console.Click("cmdStart");
+        console.ReadUntilLocked();
+        const int live = console.BluePixels(box);
+        QVERIFY(live > 0);
+        console.unit.reader.locked = false;
+        console.Tick("tmrOptical");
+        console.IsNotLocked();
+        QVERIFY(console.BluePixels(box) < live * 19 / 20);
+        QVERIFY(console.NotWhitePixels(box) > live * 3 / 4); // they are still there
+        console.unit.reader.locked = true;
+        console.Tick("tmrOptical");
+        QVERIFY(console.BluePixels(box) > live * 19 / 20);
     }
 
     void atStartNothingIsClaimedUntilTheFirstReading()
