@@ -70,7 +70,6 @@ FrmMain::FrmMain(RoomSettings &room, Preferences &options, FileState &file, Devi
     connect(files_, &FileCommands::Named, this, &FrmMain::ShowTitle);
     connect(files_, &FileCommands::Reset, this, [this] { panels_.ShowTestSignals({}); });
     connect(panels_.optical, &OpticalPanel::StreamShown, menus_, &Menus::EnableForStream);
-    menus_->Tools()->addSeparator();
     new RecentMenu(*menus_, *files_, recent_, this);
     new GuideCommand(*menus_, places_.helpFile, memory_, this);
     connect(panels_.optical, &OpticalPanel::StreamShown, tools_.get(), &ToolsMenu::Follow);

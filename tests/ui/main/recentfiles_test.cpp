@@ -13,6 +13,7 @@ class RecentFilesTest : public QObject {
     Q_OBJECT
 
   private slots:
+    void theyStandWithTheGuideAtTheEndOfTheMenu();
     void nothingIsListedBeforeTheFirstFile();
     void filesOpenedAndSavedAreListedNewestFirst();
     void twelveAreKept();
@@ -73,6 +74,15 @@ QString StartOf(ConsoleUnderTest &console, const char *action)
 }
 
 } // namespace
+
+void RecentFilesTest::theyStandWithTheGuideAtTheEndOfTheMenu()
+{
+    ConsoleUnderTest console;
+    QStringList names;
+    for (const QAction *action : console.Find<QMenu>("mnuTools")->actions())
+        names += action->isSeparator() ? "-" : action->objectName();
+    QCOMPARE(names.mid(names.size() - 4), (QStringList{"mnuVerify", "-", "mnuRecent", "mnuGuide"}));
+}
 
 void RecentFilesTest::nothingIsListedBeforeTheFirstFile()
 {
