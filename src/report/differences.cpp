@@ -136,7 +136,8 @@ Differences DifferencesOf(const Side &left, const Side &right)
         found.live += field.place == Place::Live;
     }
     // The live fields are the table's first.
-    std::ranges::rotate(found.rows, found.rows.begin() + found.live);
+    // Not the ranges' own, which clang 14 cannot compile with this standard library.
+    std::rotate(found.rows.begin(), found.rows.begin() + found.live, found.rows.end());
     if (left.everyByte && right.everyByte)
         found.otherBytes = OtherBytes(left.room, right.room);
     return found;
