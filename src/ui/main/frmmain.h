@@ -49,6 +49,8 @@ class FrmMain final : public QMainWindow, private LinkView {
     void EndRun() { closing_->EndRun(); }
     /// The process is about to end, whatever is on the screen.
     void LeaveNow() { closing_->LeaveNow(); }
+    /// What was done in the room, and what its slots hold.
+    const Editor &Edits() const { return editor_; }
 
   protected:
     void closeEvent(QCloseEvent *event) override;
