@@ -28,7 +28,7 @@ ToolWindow::ToolWindow(const char *name, const QString &title, QSize usual, QSet
         resize(usual);
 }
 
-void ToolWindow::Open()
+void ToolWindow::BringUp()
 {
     show();
     raise();

@@ -16,7 +16,7 @@ class ToolWindow : public QDialog {
     ToolWindow(const char *name, const QString &title, QSize usual, QSettings &memory, QWidget *parent);
 
     /// On the screen, in front, with the focus.
-    void Open();
+    void BringUp();
 
   protected:
     void hideEvent(QHideEvent *event) override;

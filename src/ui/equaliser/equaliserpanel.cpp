@@ -144,6 +144,7 @@ void EqualiserPanel::cmdEQChan_Click(int channel)
     ReflectChannelButtons();
     // Filled before it is shown: showing may hand the focus on, and the position it is taken at counts.
     LoadChannelData();
+    ShowUnsent(link_.NotInUnit());
     ShowChannelPanel();
     if (cmdPink_->IsOn())
         SetEQPinkNoise(true);
@@ -168,7 +169,6 @@ void EqualiserPanel::LoadChannelData()
         pair->Bind(field);
         pair->SetAccessibleName(SpokenName(field));
     }
-    ShowUnsent(link_.NotInUnit());
 }
 
 void EqualiserPanel::Show(const Changed &changed)

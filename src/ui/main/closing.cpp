@@ -2,6 +2,7 @@
 
 #include "files/preferencesfile.h"
 #include "ui/controls/levelfield.h"
+#include "ui/controls/levelslider.h"
 #include "ui/controls/named.h"
 #include "ui/main/messages.h"
 #include "unit/sequences.h"
@@ -138,6 +139,9 @@ void Closing::TidyUp()
     if (left_)
         return;
     left_ = true;
+    // What is in the hand is let go while the unit can still be told.
+    if (desk_.entries.sliderHeld)
+        desk_.entries.sliderHeld->LetGo();
     if (originals_)
         desk_.snapshot.Keep();
     else

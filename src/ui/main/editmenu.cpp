@@ -101,7 +101,7 @@ void EditMenu::mnuHistory_Click()
     auto *frmHistory = window_->findChild<FrmHistory *>();
     if (!frmHistory)
         frmHistory = new FrmHistory(desk_.editor, desk_.entries, desk_.clock, desk_.memory, window_);
-    frmHistory->Open();
+    frmHistory->BringUp();
     frmHistory->Follow();
 }
 

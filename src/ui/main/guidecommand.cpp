@@ -18,7 +18,7 @@ void GuideCommand::mnuGuide_Click()
 {
     if (!frmGuide_)
         frmGuide_ = new FrmGuide(helpFile_, memory_, window_);
-    frmGuide_->Open();
+    frmGuide_->BringUp();
 }
 
 } // namespace kelvo

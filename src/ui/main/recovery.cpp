@@ -12,7 +12,7 @@ namespace {
 /// "21:04", with the day when it is not today.
 QString When(LocalTime time, WallClock &clock)
 {
-    const QString text = QString::fromStdString(clock.TimeText(time));
+    QString text = QString::fromStdString(clock.TimeText(time));
     const auto day = std::chrono::floor<std::chrono::days>(time);
     if (day == std::chrono::floor<std::chrono::days>(clock.Now()))
         return text;

@@ -29,7 +29,7 @@ void ToolsMenu::OpenDiffers()
 {
     if (!frmDiffers_)
         frmDiffers_ = std::make_unique<FrmDiffers>(desk_, memory_, window_);
-    frmDiffers_->Open();
+    frmDiffers_->BringUp();
 }
 
 void ToolsMenu::Follow()
@@ -54,7 +54,7 @@ void ToolsMenu::mnuVerify_Click()
             DifferencesOf(ScreenSide(desk_.editor).read().side, UnitSide(desk_.link).read().side));
     else
         frmVerify_->ShowNotVerified(unread);
-    frmVerify_->Open();
+    frmVerify_->BringUp();
 }
 
 } // namespace kelvo

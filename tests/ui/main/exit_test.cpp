@@ -41,6 +41,7 @@ class ExitTest : public QObject {
     void theEndOfASessionAsksForUnsavedWorkAlone();
     void theEndOfASessionThatMayNotAskJustCloses();
     void theEndOfASessionThatMayNotAskShowsNoLostLink();
+    void aFaderInTheHandIsLetGoBeforeTheUnitIs();
     void aSessionThatEndsDuringAQuestionLeavesUnitAndFilesInOrder();
     void everyWindowGoes();
     void theProgramEndsWithItsWindow();
@@ -333,6 +334,16 @@ void ExitTest::theEndOfASessionThatMayNotAskJustCloses()
     QVERIFY(console.window->EndSession(false));
     QCOMPARE(console.Calls(), End);
     QVERIFY(QFile::exists(console.File("settings.dat")));
+}
+
+void ExitTest::aFaderInTheHandIsLetGoBeforeTheUnitIs()
+{
+    ConsoleUnderTest console;
+    console.DragTo("sclVol", 40);
+    QVERIFY(console.window->EndSession(false));
+    QCOMPARE(console.Calls().front(), "SetVol 59"); // 9.9 is at the top
+    QCOMPARE(console.Calls().back(), "DLLShutdown");
+    QCOMPARE(console.Calls().size(), 4);
 }
 
 void ExitTest::theEndOfASessionThatMayNotAskShowsNoLostLink()
