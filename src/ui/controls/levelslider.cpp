@@ -280,10 +280,11 @@ int LevelSlider::CentreOf(int position) const
     return ThumbAt(position).center().y();
 }
 
-/// The upper right corner, or the lower one while the thumb stands in that.
-QPoint LevelSlider::CornerBeside(const QRect &thumb) const
+/// At the right of the groove's upper end, or of its lower one while the thumb stands there. A slider may be much
+/// wider than its thumb, and the mark of one is not to be taken for its neighbour's.
+QPoint LevelSlider::MarkBeside(const QRect &thumb) const
 {
-    const QPoint upper(width() - UnsentMark::Size, 0);
+    const QPoint upper(std::min(thumb.right() + 1, width() - UnsentMark::Size), 0);
     const bool free = thumb.top() >= UnsentMark::Size;
     return free ? upper : QPoint(upper.x(), height() - UnsentMark::Size);
 }
@@ -314,7 +315,7 @@ void LevelSlider::paintEvent(QPaintEvent *)
     painter.drawLine(QPointF(thumb.left() + 4, thumb.center().y() + 0.5),
                      QPointF(thumb.right() - 3, thumb.center().y() + 0.5));
     if (unsent_.Shown())
-        UnsentMark::Paint(painter, CornerBeside(thumb));
+        UnsentMark::Paint(painter, MarkBeside(thumb));
 }
 
 } // namespace kelvo

@@ -69,7 +69,7 @@ class LevelSlider : public QSlider {
     int PositionsOf(const QKeyEvent &key) const;
     LevelSlider *NeighbourFor(int key) const;
     QRect ThumbAt(int position) const;
-    QPoint CornerBeside(const QRect &thumb) const;
+    QPoint MarkBeside(const QRect &thumb) const;
 
     const LevelRule rule_;
     EntryWindow &entries_;
