@@ -88,6 +88,7 @@ void JournalSteps()
             Set(room, field::Band(Center, 14), step % 25);
             const Moment before = Now();
             journal.Keep({room, file, kept, std::size_t(step), LocalTime(std::chrono::seconds(step))});
+            journal.Flush();
             times.Add(before, Now());
         }
     }

@@ -110,6 +110,7 @@ void Editor::ShowAndSend(const std::vector<FieldId> &fields, bool moved)
         changed.fields.set(std::size_t(field));
     show_(changed);
     SendAfterEdit(changed, moved);
+    journal_.Flush();
 }
 
 void Editor::SendAfterEdit(const Changed &changed, bool moved)
@@ -156,6 +157,7 @@ void Editor::Follow(const Changed &changed)
     if (asked && (replaces || !connection))
         AddRead(fileBefore);
     seen_ = room_;
+    journal_.Flush();
 }
 
 // Steps
@@ -226,6 +228,7 @@ void Editor::EndHistory()
 {
     history_.End();
     journal_.End();
+    journal_.Flush();
 }
 
 void Editor::Saved(const std::string &fileName)
@@ -247,6 +250,7 @@ void Editor::KeepSlot(int slot)
     const OneChange change(link_);
     slots_.Keep(slot, room_);
     journal_.KeepSlot(slot, Now());
+    journal_.Flush();
 }
 
 void Editor::Recall(int slot)
@@ -269,6 +273,7 @@ void Editor::BringBack(const LeftBehind &left, std::string name)
             slots_.Keep(slot, *kept);
             journal_.KeepSlot(slot, Now());
         }
+    journal_.Flush();
     if (left.done == 0)
         return;
     const Step step = Between(room_, left.room);

@@ -129,8 +129,7 @@ bool Journal::Begin(LocalTime time)
     if (!error)
         return true;
     file_.Close();
-    if (!std::exchange(told_, true))
-        report_(ReasonOf(error));
+    TellOnce(error);
     return false;
 }
 
@@ -138,10 +137,24 @@ void Journal::Append(const std::string &lines)
 {
     // A line that was cut ends here, and the room is told whole after it.
     const std::error_code error = file_.Append(std::exchange(cut_, false) ? "\n" + lines : lines);
+    flushed_ = false;
     if (!error)
         return;
     cut_ = true;
     kept_.reset();
+    TellOnce(error);
+}
+
+void Journal::Flush()
+{
+    if (std::exchange(flushed_, true) || !file_.IsOpen())
+        return;
+    if (const std::error_code error = file_.Flush())
+        TellOnce(error);
+}
+
+void Journal::TellOnce(std::error_code error)
+{
     if (!std::exchange(told_, true))
         report_(ReasonOf(error));
 }

@@ -13,8 +13,9 @@
 
 namespace kelvo {
 
-/// The steps of a run on disk, each appended and flushed before it is shown, so that a console that is killed
-/// loses none. One file a run, made with the first step. docs/journal.md gives its form.
+/// The steps of a run on disk, each appended before it is shown, so that a console that is killed loses none,
+/// and flushed after it is sent, so that the unit does not wait for the disk. One file a run, made with the
+/// first step. docs/journal.md gives its form.
 class Journal {
   public:
     /// What is kept with a step.
@@ -38,6 +39,8 @@ class Journal {
     /// The room has made a step, or gone back one.
     void Keep(const State &state);
     void KeepSlot(int slot, const State &state);
+    /// Whatever was kept is on the disk when this returns.
+    void Flush();
     /// There are no steps any more; slots stay.
     void End();
     /// Nothing that it keeps is needed again.
@@ -46,6 +49,7 @@ class Journal {
   private:
     bool Begin(LocalTime time);
     void Append(const std::string &lines);
+    void TellOnce(std::error_code error);
 
     FileCalls system_;
     std::string folder_;
@@ -55,6 +59,7 @@ class Journal {
     std::string path_;
     std::optional<RoomSettings> kept_; ///< the room as the file tells it; empty = it is told whole next time
     bool cut_ = false;                 ///< the last line may be half a line
+    bool flushed_ = true;
     bool told_ = false;
 };
 

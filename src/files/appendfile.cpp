@@ -18,8 +18,12 @@ std::error_code AppendFile::Create(const std::string &path)
 
 std::error_code AppendFile::Append(std::string_view bytes)
 {
-    const std::error_code error = WriteAll(file_.handle, bytes, calls_);
-    return error ? error : Again([&] { return calls_.Flush(file_.handle); });
+    return WriteAll(file_.handle, bytes, calls_);
+}
+
+std::error_code AppendFile::Flush()
+{
+    return Again([&] { return calls_.Flush(file_.handle); });
 }
 
 bool IsAbandoned(const std::string &path, const FileCalls &calls)

@@ -303,8 +303,8 @@ TEST_CASE("after 30 days a journal goes")
 
 TEST_CASE("a disk that fails is told once, whichever call it is, and the next step that is written is whole")
 {
-    // Create, Lock, then Write and Flush of the name and of the first line.
-    for (std::size_t at = 1; at <= 10; ++at)
+    // Create, Lock, Write of the name, then Write and Flush of each step but the last.
+    for (std::size_t at = 1; at <= 9; ++at)
         for (const Fault fault : {Fault::Fails, Fault::Short, Fault::NothingTaken, Fault::Interrupted}) {
             CAPTURE(at);
             const TestFolder folder;
