@@ -1,44 +1,10 @@
-#include "edit/editor.h"
 #include "support/faultycalls.h"
-#include "support/linkundertest.h"
+#include "support/journaledrun.h"
 #include "support/testfolder.h"
 
 using namespace kelvo;
 
 namespace {
-
-/// A run with a journal in a folder; it is killed when its scope ends, unless it is told to tidy up.
-struct Run : LinkUnderTest {
-    FileState file;
-    std::vector<std::string> faults;
-    Journal journal;
-    Editor editor{room, file, link, clock, journal, [](const Changed &) {}};
-
-    explicit Run(const TestFolder &folder, const FileCalls &calls = system())
-        : journal(
-              folder.Path("journals"), [this](const std::string &reason) { faults.push_back(reason); }, calls)
-    {
-    }
-
-    void SetField(FieldId field, int stored) { editor.Apply(Edit::One(field, stored)); }
-    void SetText(int text, const std::string &to)
-    {
-        editor.Apply({.name = "Theater", .fields = {field::Theater(text)}, .make = [&](RoomSettings &into) {
-                          into.TheaterInfo[text] = to;
-                      }});
-    }
-
-    static const FileCalls &system()
-    {
-        static const FileCalls calls;
-        return calls;
-    }
-};
-
-std::vector<LeftBehind> Found(const TestFolder &folder)
-{
-    return FindJournals(folder.Path("journals"));
-}
 
 /// The only journal's file.
 std::filesystem::path FileIn(const TestFolder &folder)
@@ -62,7 +28,7 @@ void Overwrite(const std::filesystem::path &path, const std::string &bytes)
 /// A run of three steps that is killed.
 RoomSettings ThreeSteps(const TestFolder &folder)
 {
-    Run run(folder);
+    JournaledRun run(folder);
     run.SetField(field::Band(Center, 14), 9);
     run.clock.now += std::chrono::minutes(2);
     run.SetField(field::ReaderDelay, 300);
@@ -87,7 +53,7 @@ TEST_CASE("a run that is killed leaves each of its steps")
 TEST_CASE("nothing is written before the first step, and live values are none")
 {
     const TestFolder folder;
-    Run run(folder);
+    JournaledRun run(folder);
     run.SetField(field::Fader, 3);
     CHECK_FALSE(std::filesystem::exists(folder.Path("journals")));
 }
@@ -95,7 +61,7 @@ TEST_CASE("nothing is written before the first step, and live values are none")
 TEST_CASE("a journal that a running console owns is not found; an exit that lost nothing leaves none")
 {
     const TestFolder folder;
-    Run run(folder);
+    JournaledRun run(folder);
     run.SetField(field::ObeLevel, 3);
     CHECK(Found(folder).empty());
     run.journal.Remove();
@@ -106,8 +72,8 @@ TEST_CASE("two consoles keep a journal each; the newest is offered first")
 {
     const TestFolder folder;
     {
-        Run first(folder);
-        Run second(folder);
+        JournaledRun first(folder);
+        JournaledRun second(folder);
         first.SetField(field::ObeLevel, 3);
         second.clock.now += std::chrono::hours(1);
         second.SetField(field::ObeLevel, 5);
@@ -124,7 +90,7 @@ TEST_CASE("undo and redo are kept: what comes back is what was on the screen")
     const TestFolder folder;
     RoomSettings last;
     {
-        Run run(folder);
+        JournaledRun run(folder);
         run.SetField(field::ObeLevel, 3);
         run.SetField(field::Trim(Left), 4);
         run.SetField(field::Trim(Right), 4);
@@ -142,7 +108,7 @@ TEST_CASE("a journal without a step in effect is nobody's loss and goes")
 {
     const TestFolder folder;
     {
-        Run run(folder);
+        JournaledRun run(folder);
         run.SetField(field::ObeLevel, 3);
         run.editor.Undo();
     }
@@ -154,7 +120,7 @@ TEST_CASE("what changed without a step is kept with the next one")
 {
     const TestFolder folder;
     {
-        Run run(folder);
+        JournaledRun run(folder);
         run.SetField(field::ObeLevel, 3);
         run.room.Audio.ObeFreq = 6; // as an automatic re-read may find it
         run.SetField(field::Trim(Left), 4);
@@ -169,7 +135,7 @@ TEST_CASE("an opened file's name is kept; New and Open begin anew")
 {
     const TestFolder folder;
     {
-        Run run(folder);
+        JournaledRun run(folder);
         run.SetField(field::ObeLevel, 3);
         run.editor.Adopt(run.room, Source::File);
         run.file.CurrentFileName = "/rooms/Rex 1.zcf";
@@ -186,7 +152,7 @@ TEST_CASE("slots are kept beside the steps, also when New ends those")
 {
     const TestFolder folder;
     {
-        Run run(folder);
+        JournaledRun run(folder);
         run.SetField(field::ObeLevel, 3);
         run.editor.KeepSlot(2);
         run.editor.Adopt({}, Source::Reset);
@@ -205,7 +171,7 @@ TEST_CASE("bringing back is one step, with name and slots, and goes into the new
     const TestFolder folder;
     RoomSettings last;
     {
-        Run run(folder);
+        JournaledRun run(folder);
         run.editor.Adopt(run.room, Source::File);
         run.file = {.CurrentFileName = "/rooms/a.zcf", .FileLoaded = true};
         run.SetField(field::ObeLevel, 3);
@@ -217,7 +183,7 @@ TEST_CASE("bringing back is one step, with name and slots, and goes into the new
     const auto left = Found(folder);
     REQUIRE(left.size() == 1);
     {
-        Run next(folder);
+        JournaledRun next(folder);
         next.room.Audio.ObeFreq = 0;
         const RoomSettings before = next.room;
         next.editor.BringBack(left[0], "Bring back 3 changes of 15:00");
@@ -311,7 +277,7 @@ TEST_CASE("a disk that fails is told once, whichever call it is, and the next st
             const FaultyCalls calls(fault, at);
             RoomSettings last;
             {
-                Run run(folder, calls);
+                JournaledRun run(folder, calls);
                 run.SetField(field::ObeLevel, 3);
                 run.SetField(field::Trim(Left), 4);
                 run.SetField(field::Trim(Right), 5);
@@ -330,27 +296,11 @@ TEST_CASE("a folder that cannot be made is told once; steps go on")
 {
     const TestFolder folder;
     folder.Put("journals", "a file stands where the folder should");
-    Run run(folder);
+    JournaledRun run(folder);
     run.SetField(field::ObeLevel, 3);
     run.SetField(field::ObeLevel, 4);
     CHECK(run.faults.size() == 1);
     CHECK(run.editor.Steps().Done() == 2);
-}
-
-TEST_CASE("a folder that goes while the console runs is made again, and the journal with it")
-{
-    const TestFolder folder;
-    {
-        Run run(folder);
-        run.SetField(field::ObeLevel, 3);
-        std::filesystem::remove_all(folder.Path("journals"));
-        run.SetField(field::Trim(Left), 4);
-        CHECK(run.faults.empty());
-    }
-    const auto found = Found(folder);
-    REQUIRE(found.size() == 1);
-    CHECK(found[0].done == 2);
-    CHECK(found[0].room.Audio.ObeLevel == 3);
 }
 
 TEST_CASE("the page on the journal tells its form")
