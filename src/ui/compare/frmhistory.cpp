@@ -38,18 +38,20 @@ void FrmHistory::Follow()
 {
     if (!isVisible())
         return;
-    FollowSteps();
+    const int added = FollowSteps();
     const int done = int(editor_.Steps().Done());
     const auto [from, to] = std::minmax({std::exchange(shownDone_, done), done});
+    const int newest = lstHistory_->count() - 1;
+    const int last = added <= newest ? newest : std::min(to, newest);
     const QPalette colours = lstHistory_->palette();
-    for (int row = from; row <= std::min(to, lstHistory_->count() - 1); ++row)
+    for (int row = std::min(from, added); row <= last; ++row)
         lstHistory_->item(row)->setForeground(
             colours.brush(row > done ? QPalette::Disabled : QPalette::Active, QPalette::Text));
     lstHistory_->setCurrentRow(done);
 }
 
-/// Steps come and go at both ends alone, so only those rows are touched.
-void FrmHistory::FollowSteps()
+/// Steps come and go at both ends alone, so only those rows are touched. Answers the first new row.
+int FrmHistory::FollowSteps()
 {
     const auto &steps = editor_.Steps().Steps();
     const std::size_t oldest = steps.empty() ? 0 : steps.front().number;
@@ -64,6 +66,7 @@ void FrmHistory::FollowSteps()
         delete lstHistory_->takeItem(int(shown_.size()));
     for (std::size_t next = same; next < steps.size(); ++next)
         AddRow(steps[next]);
+    return int(same) + 1;
 }
 
 void FrmHistory::AddRow(const Step &step)
@@ -76,6 +79,7 @@ void FrmHistory::lstHistory_Click(int row)
 {
     if (entries_.CommitEntry())
         editor_.MoveTo(std::size_t(row));
+    Follow(); // where nothing has moved, the click alone has chosen the row
 }
 
 } // namespace kelvo

@@ -20,7 +20,7 @@ class FrmHistory : public ToolWindow {
     void Follow();
 
   private:
-    void FollowSteps();
+    int FollowSteps();
     void AddRow(const Step &step);
     void lstHistory_Click(int row);
 

@@ -27,6 +27,8 @@ class UndoTest : public QObject {
     void undoWorksAfterAConnectionThatFailed();
     void openingAFileEndsTheHistory();
     void theHistoryListsStepsWithTimesAndGoesThereAndBack();
+    void stepsUndoneWhileTheHistoryIsClosedAreGreyInIt();
+    void aRowThatCannotBeGoneToIsNotChosen();
     void slotsAreKeptAndRecalledByKeys();
     void anEmptySlotCannotBeRecalled();
     void theMasterColumnNamesTheSlotThatTheScreenEquals();
@@ -246,6 +248,37 @@ void UndoTest::theHistoryListsStepsWithTimesAndGoesThereAndBack()
     QCOMPARE(list->item(2)->text(), "21:4   Center, output trim: +4.0 dB");
     QTest::keyClick(list, Qt::Key_Escape);
     QVERIFY(!list->isVisible());
+}
+
+void UndoTest::stepsUndoneWhileTheHistoryIsClosedAreGreyInIt()
+{
+    SendingConsole console;
+    console.Trigger("mnuHistory");
+    auto *list = console.Find<QListWidget>("lstHistory");
+    QTest::keyClick(list, Qt::Key_Escape);
+    console.window->activateWindow();
+    console.Type("lblPNG(0)", "1");
+    console.Trigger("mnuUndo");
+    console.Trigger("mnuHistory");
+    QCOMPARE(list->count(), 2);
+    QCOMPARE(list->item(1)->foreground().color(), list->palette().color(QPalette::Disabled, QPalette::Text));
+    console.Trigger("mnuRedo");
+    QCOMPARE(list->item(1)->foreground().color(), list->palette().color(QPalette::Active, QPalette::Text));
+}
+
+void UndoTest::aRowThatCannotBeGoneToIsNotChosen()
+{
+    SendingConsole console;
+    console.Type("lblPNG(0)", "1");
+    console.Trigger("mnuHistory");
+    auto *list = console.Find<QListWidget>("lstHistory");
+    console.window->activateWindow();
+    console.TypeOnly("lblPNG(1)", "99");
+    console.AnswerNextBox("Range Check Error", QMessageBox::Ok);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(0)).center());
+    QCOMPARE(console.Find<QLineEdit>("lblPNG(0)")->text(), "1.0");
+    QCOMPARE(list->currentRow(), 1);
+    console.Type("lblPNG(1)", "0");
 }
 
 void UndoTest::slotsAreKeptAndRecalledByKeys()
