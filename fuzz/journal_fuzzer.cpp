@@ -11,13 +11,13 @@ namespace {
 std::string Sample()
 {
     RoomSettings room;
-    std::vector<std::string> whole{"room", "1710450240", "1", "/rooms/Rex 1.zcf"};
+    std::vector<std::string> whole{"room", "1710450240", "1", "unit", "/rooms/Rex 1.zcf"};
     ForEachField([&](FieldId id, const Field &field) {
         if (field.place != Place::Live)
             whole.push_back(journal::Setting(id, room));
     });
     return std::string(journal::Header) + journal::Line(whole) +
-           journal::Line({"step", "1710450255", "2", "", "Channel Center/Eq1k=15", "Theater/0=Rex"}) +
+           journal::Line({"step", "1710450255", "2", "", "", "Channel Center/Eq1k=15", "Theater/0=Rex"}) +
            journal::Line({"slot", "1710450260", "3", "ObeLevel=3"});
 }
 

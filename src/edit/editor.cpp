@@ -137,6 +137,8 @@ void Editor::Adopt(RoomSettings room, Source source)
     room_ = std::move(room);
     if (source == Source::Revert)
         AddRead(file_);
+    else if (source == Source::File && file_.SettingsChanged && !file_.FileLoaded)
+        LeaveHistory();
     else
         EndHistory();
     seen_ = room_;
@@ -146,8 +148,8 @@ void Editor::Adopt(RoomSettings room, Source source)
 void Editor::Follow(const Changed &changed)
 {
     const bool connection = changed.source == Source::Connection;
-    // A first connection finds the factory defaults, unless there was something to edit before it.
-    const bool replaces = unitSeen_ || !history_.Steps().empty();
+    // A first connection finds the factory defaults, unless something was brought back before it.
+    const bool replaces = unitSeen_ || std::ranges::any_of(history_.Steps(), &Step::read);
     unitSeen_ = unitSeen_ || connection;
     const bool asked = connection || changed.source == Source::Update;
     if (!asked && changed.source != Source::Reread)
@@ -173,7 +175,7 @@ void Editor::AddStep(Step step, const FileState &fileBefore)
     const bool otherFile = file_.CurrentFileName != fileBefore.CurrentFileName;
     if (step.Empty() && !otherFile)
         return;
-    if (otherFile || file_.UnitRead != fileBefore.UnitRead)
+    if (otherFile || file_.UnitRead != fileBefore.UnitRead || file_.MaySave != fileBefore.MaySave)
         step.file = {fileBefore, file_};
     step.time = clock_.Now();
     history_.Add(std::move(step));
@@ -193,13 +195,11 @@ void Editor::MoveTo(std::size_t done)
     if (done > history_.Steps().size() || done == history_.Done())
         return;
     const OneChange change(link_);
-    std::vector<FieldId> fields;
+    const RoomSettings before = room_;
     const auto pass = [&](const Step &step, bool back) {
         (back ? TakeBack : TakeAgain)(step, room_);
         if (step.file)
             file_ = back ? step.file->first : step.file->second;
-        const std::vector<FieldId> passed = step.Fields();
-        fields.insert(fields.end(), passed.begin(), passed.end());
     };
     for (std::size_t at = history_.Done(); at > done; --at)
         pass(history_.Steps()[at - 1], true);
@@ -209,7 +209,7 @@ void Editor::MoveTo(std::size_t done)
     file_.SettingsChanged = true;
     seen_ = room_;
     journal_.Keep(Now());
-    ShowAndSend(fields, true);
+    ShowAndSend(Between(before, room_).Fields(), true);
 }
 
 void Editor::Undo()
@@ -231,16 +231,28 @@ void Editor::EndHistory()
     journal_.Flush();
 }
 
+/// The room that gives way was never saved, and nobody was asked: it can be brought back from where it is
+/// left.
+void Editor::LeaveHistory()
+{
+    history_.End();
+    journal_.Leave();
+}
+
 void Editor::Saved(const std::string &fileName)
 {
     const OneChange change(link_);
-    if (file_.CurrentFileName.empty())
+    if (file_.CurrentFileName.empty() || !file_.MaySave)
         history_.ForgetReads();
     else if (file_.CurrentFileName != fileName)
         EndHistory();
     file_.CurrentFileName = fileName;
     file_.SettingsChanged = false;
     file_.UnitRead = false;
+    file_.MaySave = true;
+    if (history_.DoneInAll() > 0)
+        journal_.Keep(Now());
+    journal_.Flush();
 }
 
 // Slots
@@ -281,8 +293,10 @@ void Editor::BringBack(const LeftBehind &left, std::string name)
               .fields = step.Fields(),
               .make = [&step](RoomSettings &room) { TakeAgain(step, room); },
               .read = true};
-    if (!left.fileName.empty())
-        edit.file = {.CurrentFileName = left.fileName, .FileLoaded = true, .SettingsChanged = true};
+    edit.file = {.CurrentFileName = left.fileName,
+                 .FileLoaded = !left.fileName.empty(),
+                 .SettingsChanged = true,
+                 .UnitRead = left.unitRead};
     Command(edit);
 }
 

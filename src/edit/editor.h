@@ -56,10 +56,11 @@ class Editor {
     void Command(const Edit &edit);
 
     /// Takes settings that were read or reset: they are shown and never sent. A file or a reset ends the
-    /// history; what a revert replaces is a step.
+    /// history, and steps that nobody was asked about are left behind; what a revert replaces is a step.
     void Adopt(RoomSettings room, Source source);
     /// The link has taken values from the unit into the room. What a connection or an update replaced is a
-    /// step; there is none of a run's first connection, which finds nothing to replace.
+    /// step; there is none of a run's first connection, which finds nothing to replace but what was brought
+    /// back.
     void Follow(const Changed &changed);
 
     /// To the state after the first `done` steps, as one edit.
@@ -87,6 +88,7 @@ class Editor {
     void AddStep(Step step, const FileState &fileBefore);
     void AddRead(const FileState &fileBefore);
     void EndHistory();
+    void LeaveHistory();
     Journal::State Now();
 
     RoomSettings &room_;

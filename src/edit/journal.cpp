@@ -29,8 +29,10 @@ std::string SecondsOf(LocalTime time)
 
 std::string RoomLine(std::string_view kind, const Journal::State &state, const std::vector<FieldId> &fields)
 {
+    // With Save disabled a name is that of a file which is not to be written by mistake.
+    const std::string name = state.file.MaySave ? state.file.CurrentFileName : std::string();
     std::vector<std::string> cells{std::string(kind), SecondsOf(state.time), std::to_string(state.done),
-                                   state.file.CurrentFileName};
+                                   state.file.UnitRead ? "unit" : "", name};
     for (const FieldId id : fields)
         cells.push_back(journal::Setting(id, state.room));
     return journal::Line(cells);
@@ -98,13 +100,20 @@ void Journal::End()
         Append(journal::Line({std::string(journal::End)}));
 }
 
-void Journal::Remove()
+void Journal::Leave()
 {
-    if (!file_.IsOpen())
-        return;
+    Flush();
     file_.Close();
-    calls_.Remove(path_);
     kept_.reset();
+}
+
+void Journal::Close(bool remove)
+{
+    const bool begun = file_.IsOpen();
+    Leave();
+    folder_.clear();
+    if (begun && remove)
+        calls_.Remove(path_);
 }
 
 /// False when there is no file to write to. A file that somebody has deleted meanwhile is begun anew.

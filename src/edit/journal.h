@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -43,8 +44,10 @@ class Journal {
     void Flush();
     /// There are no steps any more; slots stay.
     void End();
-    /// Nothing that it keeps is needed again.
-    void Remove();
+    /// What it keeps is left behind for `FindJournals`; the next step begins another one.
+    void Leave();
+    /// The run is over: the file goes, or is left behind. Whatever comes is not kept.
+    void Close(bool remove);
 
   private:
     bool Begin(LocalTime time);
@@ -66,10 +69,11 @@ class Journal {
 /// What a run left that did not come to its end.
 struct LeftBehind {
     std::string path;
-    RoomSettings room{};  ///< settings and texts; no live values
-    std::string fileName; ///< of the file that was open; "" = none
-    std::size_t done = 0; ///< steps that were in effect
-    LocalTime time{};     ///< of the last one, or of the last slot that was kept
+    RoomSettings room{};   ///< settings and texts; no live values
+    std::string fileName;  ///< of the file that it belongs to; "" = none
+    bool unitRead = false; ///< see `FileState::UnitRead`
+    std::size_t done = 0;  ///< steps that were in effect
+    LocalTime time{};      ///< of the last one, or of the last slot that was kept
     Slots slotsKept{};
     bool hasSlots = false;
 };
@@ -82,6 +86,21 @@ std::optional<LeftBehind> ReadJournal(std::string_view bytes);
 /// Those that have not, and those older than 30 days, are removed.
 std::vector<LeftBehind> FindJournals(const std::string &folder);
 
-void RemoveJournal(const LeftBehind &journal);
+/// What was left behind, in the hand of this process until it ends.
+class HeldJournal {
+  public:
+    explicit HeldJournal(LeftBehind left);
+    const LeftBehind &Left() const { return left_; }
+    void Remove();
+
+  private:
+    struct Hand {
+        FileCalls calls{};
+        OpenFile file{calls};
+    };
+
+    LeftBehind left_;
+    std::unique_ptr<Hand> hand_ = std::make_unique<Hand>();
+};
 
 } // namespace kelvo

@@ -48,7 +48,7 @@ class JournalReader {
 
     void TakeRoom(const std::vector<std::string> &cells)
     {
-        constexpr std::size_t FirstSetting = 4;
+        constexpr std::size_t FirstSetting = 5;
         LocalTime::rep seconds = 0;
         std::size_t done = 0;
         RoomSettings room = left_.room;
@@ -60,7 +60,8 @@ class JournalReader {
         left_.room = std::move(room);
         left_.time = LocalTime(std::chrono::seconds(seconds));
         left_.done = done;
-        left_.fileName = cells[3];
+        left_.unitRead = !cells[3].empty();
+        left_.fileName = cells[4];
     }
 
     void TakeSlot(const std::vector<std::string> &cells)
@@ -155,13 +156,22 @@ std::vector<LeftBehind> FindJournals(const std::string &folder)
         if (auto left = TakeUp(Utf8(FromUtf8(folder) / entry->path().filename())))
             found.push_back(*std::move(left));
     }
-    std::ranges::sort(found, std::ranges::greater(), &LeftBehind::time);
+    std::ranges::sort(found, std::ranges::greater(),
+                      [](const LeftBehind &left) { return std::pair(left.time, left.path); });
     return found;
 }
 
-void RemoveJournal(const LeftBehind &journal)
+HeldJournal::HeldJournal(LeftBehind left) : left_(std::move(left))
 {
-    static_cast<void>(FileCalls().Remove(journal.path));
+    std::uint64_t size = 0;
+    if (!hand_->calls.OpenToRead(left_.path, hand_->file.handle, size))
+        static_cast<void>(hand_->calls.Lock(hand_->file.handle));
+}
+
+void HeldJournal::Remove()
+{
+    static_cast<void>(hand_->file.Close());
+    static_cast<void>(hand_->calls.Remove(left_.path));
 }
 
 } // namespace kelvo

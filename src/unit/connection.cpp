@@ -133,11 +133,13 @@ bool UnitLink::ShowSettings(Source source)
 {
     const OneChange change(*this);
     const RoomSettings screen = room_;
-    const RoomSettings held = holds_.Room;
+    const RoomSettings agreed = holds_.Agreed;
     const bool read = ReadRecords();
     // What nobody asked for takes nothing away.
     if (read && source == Source::Reread)
-        KeepUnsent(screen, held, room_);
+        KeepUnsent(screen, agreed, room_);
+    if (read && source == Source::Connection)
+        holds_.Other = holds_.DiffersFromBefore(screen);
     for (const UnitOp live : LiveReads)
         RetryFunction(live);
     if (read)
@@ -186,8 +188,8 @@ std::vector<UnitOp> UnitLink::ReadApart()
     std::ranges::copy(Unread(LiveReads), std::back_inserter(unread));
     const RoomSettings read = *std::exchange(pending_, std::nullopt);
     if (records) {
-        holds_.TakeRecord(Place::Audio, read);
-        holds_.TakeRecord(Place::System, read);
+        holds_.Learn(Place::Audio, read);
+        holds_.Learn(Place::System, read);
     }
     return unread;
 }

@@ -20,6 +20,7 @@ void SayFarewell(UnitLink &link, OpticalStream &stream)
     link.RetryFunction(UnitOp::StopStream);
     link.RetryFunction(UnitOp::SetDLLBaud, 0, 0);
     link.RetryFunction(UnitOp::DLLShutdown);
+    link.Close();
 }
 
 } // namespace kelvo

@@ -9,7 +9,7 @@ namespace kelvo {
 void SendLoadedValues(UnitLink &link, OpticalStream &stream);
 
 /// The end of a run: whatever plays is switched off, the line goes back to the first rate, the library
-/// closes.
+/// closes, and nothing is called any more.
 void SayFarewell(UnitLink &link, OpticalStream &stream);
 
 } // namespace kelvo

@@ -6,6 +6,15 @@ namespace kelvo {
 
 void UnitHolds::TakeRecord(Place record, const RoomSettings &from)
 {
+    Learn(record, from);
+    if (record == Place::Audio)
+        Agreed.Audio = from.Audio;
+    else
+        Agreed.System = from.System;
+}
+
+void UnitHolds::Learn(Place record, const RoomSettings &from)
+{
     if (record == Place::Audio)
         Room.Audio = from.Audio;
     else
@@ -27,19 +36,20 @@ Word UnitHolds::LiveOr(FieldId live, Word otherwise) const
     return Knows(live) ? Word(Get(Room, live)) : otherwise;
 }
 
-bool UnitHolds::FoundOther() const
+bool UnitHolds::DiffersFromBefore(const RoomSettings &screen) const
 {
-    return Before && std::ranges::any_of(Compare(*Before, Room), [](const Difference &difference) {
+    return Before && std::ranges::any_of(Compare(*Before, Room), [&](const Difference &difference) {
                const Place place = FieldOf(difference.field).place;
-               return place == Place::Audio || place == Place::System;
+               return (place == Place::Audio || place == Place::System) &&
+                      difference.right != Get(screen, difference.field);
            });
 }
 
-void KeepUnsent(const RoomSettings &screen, const RoomSettings &held, RoomSettings &room)
+void KeepUnsent(const RoomSettings &screen, const RoomSettings &agreed, RoomSettings &room)
 {
     ForEachField([&](FieldId id, const Field &field) {
         const bool inRecord = field.place == Place::Audio || field.place == Place::System;
-        if (inRecord && Get(screen, id) != Get(held, id))
+        if (inRecord && Get(screen, id) != Get(agreed, id))
             Set(room, id, Get(screen, id));
     });
 }

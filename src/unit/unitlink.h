@@ -22,8 +22,8 @@ class UnitLink {
     UnitLink(RoomSettings &room, const Preferences &options, DeviceLibrary &library, LinkView &view,
              WallClock &clock);
 
-    /// The program itself is setting controls: their change handlers neither write the model nor send.
-    /// Raised through a `FlagGuard` wherever the raise ends with its scope.
+    /// The program itself is setting controls: their handlers neither write the model nor send. See
+    /// `FlagGuard`.
     bool Updating = false;
 
     bool UnitOnline() const { return unitOnline_; }
@@ -44,7 +44,7 @@ class UnitLink {
     bool Polling() const { return polling_; }
     /// Opens the library, checks the unit's versions, reads and shows the unit. True when accepted.
     bool ConnectToUnit();
-
+    void Close() { unitOnline_ = false; } ///< the farewell is said: whatever comes is not called any more
     /// `moved`: of an edit, the gate of the slider that made it.
     void UploadToUnit(UploadSelector selector, UploadTrigger trigger, bool moved = true);
     /// Reads both records, mute, fader and format, and shows them. False when a record could not be read:
@@ -114,7 +114,7 @@ class UnitLink {
     int refreshCounter_ = 0, changes_ = 0; ///< seconds; how many `OneChange` are open
     LinkState lamp_ = LinkState::OffLine;
     bool unitOnline_ = false, connectionAccepted_ = false, connecting_ = false, polling_ = false;
-    bool pollActive_ = false, unitBusy_ = false; ///< in a call: of the status poll, or any other
+    bool pollActive_ = false, unitBusy_ = false; ///< in a call: of the status poll, any other
     bool yielding_ = false; ///< the view may be running the event loop inside this object's call
 };
 

@@ -18,3 +18,18 @@ TEST_CASE("a folder that goes while the console runs is made again, and the jour
     CHECK(found[0].done == 2);
     CHECK(found[0].room.Audio.ObeLevel == 3);
 }
+
+// There a file that is read is shared with everybody.
+TEST_CASE("what was taken stays in the hand of the run that took it")
+{
+    const TestFolder folder;
+    {
+        JournaledRun run(folder);
+        run.SetField(field::ObeLevel, 3);
+    }
+    {
+        const HeldJournal held(Found(folder).front());
+        CHECK(Found(folder).empty());
+    }
+    CHECK(Found(folder).size() == 1);
+}

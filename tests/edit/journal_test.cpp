@@ -64,7 +64,7 @@ TEST_CASE("a journal that a running console owns is not found; an exit that lost
     JournaledRun run(folder);
     run.SetField(field::ObeLevel, 3);
     CHECK(Found(folder).empty());
-    run.journal.Remove();
+    run.journal.Close(true);
     CHECK(std::filesystem::is_empty(folder.Path("journals")));
 }
 
@@ -137,8 +137,8 @@ TEST_CASE("an opened file's name is kept; New and Open begin anew")
     {
         JournaledRun run(folder);
         run.SetField(field::ObeLevel, 3);
+        run.file = {.CurrentFileName = "/rooms/Rex 1.zcf", .FileLoaded = true}; // asked, and saved
         run.editor.Adopt(run.room, Source::File);
-        run.file.CurrentFileName = "/rooms/Rex 1.zcf";
         run.SetField(field::Trim(Left), 4);
     }
     const auto found = Found(folder);
@@ -146,6 +146,44 @@ TEST_CASE("an opened file's name is kept; New and Open begin anew")
     CHECK(found[0].done == 1);
     CHECK(found[0].fileName == "/rooms/Rex 1.zcf");
     CHECK(found[0].room.Audio.ObeLevel == 3);
+}
+
+TEST_CASE(
+    "edits of a room that is in no file give way to an opened one without a question, and are left behind")
+{
+    const TestFolder folder;
+    JournaledRun run(folder);
+    run.SetField(field::ObeLevel, 3);
+    run.SetField(field::Trim(Left), 4);
+    run.editor.Adopt({}, Source::File);
+    const auto found = Found(folder);
+    REQUIRE(found.size() == 1);
+    CHECK(found[0].done == 2);
+    CHECK(found[0].room.Audio.ObeLevel == 3);
+}
+
+TEST_CASE("a save is kept with its name; one that New has put out of use is none")
+{
+    const TestFolder folder;
+    {
+        JournaledRun run(folder);
+        run.SetField(field::ObeLevel, 3);
+        run.editor.Saved("/rooms/a.zcf");
+    }
+    auto found = Found(folder);
+    REQUIRE(found.size() == 1);
+    CHECK(found[0].fileName == "/rooms/a.zcf");
+    CHECK(found[0].done == 1);
+    HeldJournal(found[0]).Remove();
+    {
+        JournaledRun run(folder);
+        run.file = {.CurrentFileName = "/rooms/a.zcf", .MaySave = false, .UnitRead = true};
+        run.SetField(field::ObeLevel, 3);
+    }
+    found = Found(folder);
+    REQUIRE(found.size() == 1);
+    CHECK(found[0].fileName.empty());
+    CHECK(found[0].unitRead);
 }
 
 TEST_CASE("slots are kept beside the steps, also when New ends those")
@@ -197,7 +235,7 @@ TEST_CASE("bringing back is one step, with name and slots, and goes into the new
         CHECK(next.file.CurrentFileName.empty());
         next.editor.Redo();
         CHECK(next.file.CurrentFileName == "/rooms/a.zcf");
-        RemoveJournal(left[0]);
+        HeldJournal(left[0]).Remove();
     }
     const auto found = Found(folder);
     REQUIRE(found.size() == 1);

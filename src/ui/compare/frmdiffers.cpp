@@ -223,8 +223,10 @@ void FrmDiffers::ChooseFile(SideBox *box)
 
 void FrmDiffers::cmdReadAgain_Click()
 {
-    desk_.link.ReadApart();
+    const std::vector<UnitOp> unread = desk_.link.ReadApart();
     Refresh();
+    if (!unread.empty())
+        lblDiffers_->setText(UnreadText(messages::NotReadAgain, unread));
 }
 
 void FrmDiffers::cmdTake_Click()

@@ -33,7 +33,14 @@ void FrmVerify::ShowVerified(const Differences &found)
 
 void FrmVerify::ShowNotVerified(const std::vector<UnitOp> &unread)
 {
-    Tell(NotVerifiedText(unread), {});
+    Tell(UnreadText(messages::NotVerified, unread), {});
+}
+
+void FrmVerify::Outdate()
+{
+    const QString text = lblVerify_->text();
+    if (isVisible() && !text.startsWith(messages::Outdated))
+        lblVerify_->setText(messages::Outdated + text);
 }
 
 void FrmVerify::Tell(const QString &text, const std::vector<DifferenceRow> &rows)

@@ -18,6 +18,8 @@ class FrmVerify : public ToolWindow {
     void ShowVerified(const Differences &found);
     /// Nothing is compared with what was read in part.
     void ShowNotVerified(const std::vector<UnitOp> &unread);
+    /// Screen or unit may have changed since: what was found is told as past.
+    void Outdate();
 
   private:
     void Tell(const QString &text, const std::vector<DifferenceRow> &rows);

@@ -43,11 +43,8 @@ inline constexpr auto NotReadYet = "the unit has not been read yet";
 inline constexpr auto VerifyTitle = "Verify the Unit";
 inline constexpr auto UnitHoldsScreen = "The unit holds what the screen shows (%1 settings)";
 inline constexpr auto UnitDiffers = "The unit differs from the screen in %1";
-inline constexpr auto And = " and ";
-inline constexpr auto OneSetting = "1 setting";
-inline constexpr auto ManySettings = "%1 settings";
-inline constexpr auto OneOtherByte = "1 other byte";
-inline constexpr auto ManyOtherBytes = "%1 other bytes";
+inline constexpr auto Outdated = "Before the latest change: ";
+inline constexpr auto NotReadAgain = "The unit was not read again: %1 could not be read";
 inline constexpr auto NotVerified = "Not verified: %1 could not be read";
 
 } // namespace kelvo::messages

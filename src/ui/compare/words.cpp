@@ -19,12 +19,6 @@ constexpr std::array<std::pair<UnitOp, const char *>, 5> ReadName{{{UnitOp::GetA
                                                                    {UnitOp::GetVol, "fader"},
                                                                    {UnitOp::GetFormat, "format"}}};
 
-void Tell(QStringList &parts, int count, const char *one, const char *many)
-{
-    if (count != 0)
-        parts += count == 1 ? QString(one) : QString(many).arg(count);
-}
-
 } // namespace
 
 QString DiffersText(const Differences &found)
@@ -42,19 +36,16 @@ QString VerifyText(const Differences &found)
 {
     if (found.None())
         return QString(messages::UnitHoldsScreen).arg(found.compared);
-    QStringList parts;
-    Tell(parts, int(found.rows.size()), messages::OneSetting, messages::ManySettings);
-    Tell(parts, found.otherBytes.value_or(0), messages::OneOtherByte, messages::ManyOtherBytes);
-    return QString(messages::UnitDiffers).arg(parts.join(messages::And));
+    return QString(messages::UnitDiffers).arg(QString::fromStdString(CountsText(found)));
 }
 
-QString NotVerifiedText(const std::vector<UnitOp> &unread)
+QString UnreadText(const char *text, const std::vector<UnitOp> &unread)
 {
     QStringList names;
     for (const auto &[read, name] : ReadName)
         if (std::ranges::find(unread, read) != unread.end())
             names += name;
-    return QString(messages::NotVerified).arg(names.join(", "));
+    return QString(text).arg(names.join(", "));
 }
 
 } // namespace kelvo

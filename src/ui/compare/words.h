@@ -13,7 +13,7 @@ namespace kelvo {
 QString DiffersText(const Differences &found);
 /// What Verify found.
 QString VerifyText(const Differences &found);
-/// What Verify could not read.
-QString NotVerifiedText(const std::vector<UnitOp> &unread);
+/// What could not be read, in the place of %1.
+QString UnreadText(const char *text, const std::vector<UnitOp> &unread);
 
 } // namespace kelvo

@@ -87,6 +87,9 @@ void Closing::EndRun()
 void Closing::CloseAndLeave()
 {
     DropEntries();
+    // Before a question is answered by nobody, and whatever command asked it goes on.
+    if (!desk_.link.InCall())
+        TidyUp();
     if (QWidget *popup = QApplication::activePopupWidget())
         popup->close();
     if (auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget()))
@@ -139,22 +142,23 @@ void Closing::TidyUp()
     if (left_)
         return;
     left_ = true;
-    // What is in the hand is let go while the unit can still be told.
-    if (desk_.entries.sliderHeld)
-        desk_.entries.sliderHeld->LetGo();
     if (originals_)
         desk_.snapshot.Keep();
     else
         desk_.snapshot.Remove();
-    // Work that nobody was asked about comes back with the next start.
-    if (mayAsk_ || !desk_.file.SettingsChanged) {
-        desk_.journal.Remove();
-        desk_.recovery.Tidy();
-    }
     if (desk_.places.ownsFiles)
         WritePreferencesFile();
     if (!desk_.link.InCall())
         SayFarewell(desk_.link, desk_.stream);
+    // What is still in the hand is an edit, but the unit is not to hear of it any more.
+    desk_.link.Close();
+    if (desk_.entries.sliderHeld)
+        desk_.entries.sliderHeld->LetGo();
+    // Work that nobody was asked about comes back with the next start.
+    const bool lostNothing = mayAsk_ || !desk_.file.SettingsChanged;
+    desk_.journal.Close(lostNothing);
+    if (lostNothing)
+        desk_.recovery.Tidy();
 
     for (QTimer *timer : window_->findChildren<QTimer *>())
         timer->stop();

@@ -31,13 +31,11 @@ EditMenu::EditMenu(Menus &menus, const Desk &desk, QWidget *window)
         const QString caption = QString(messages::Recall).arg(Slots::NameOf(slot));
         mnuRecall_[slot] = Item("mnuRecall", slot, caption, Qt::Key(Qt::Key_F5 + slot),
                                 [this, slot] { desk_.editor.Recall(slot); });
-        mnuRecall_[slot]->setAutoRepeat(false);
     }
     menus.Edit()->addSeparator();
     for (int slot = 0; slot < SlotCount; ++slot)
         Item("mnuKeep", slot, QString(messages::KeepAs).arg(Slots::NameOf(slot)),
-             Qt::SHIFT | Qt::Key(Qt::Key_F5 + slot), [this, slot] { desk_.editor.KeepSlot(slot); })
-            ->setAutoRepeat(false);
+             Qt::SHIFT | Qt::Key(Qt::Key_F5 + slot), [this, slot] { desk_.editor.KeepSlot(slot); });
     menus.Edit()->addSeparator();
     mnuRecover_ = menus.Item(menus.Edit(), "mnuRecover", messages::BringBack, [this] { mnuRecover_Click(); });
     Reflect();
@@ -54,6 +52,7 @@ QAction *EditMenu::Item(const char *name, int index, const QString &caption, con
         Named(action, name, index);
     action->setShortcut(key);
     action->setShortcutContext(Qt::ApplicationShortcut);
+    action->setAutoRepeat(false); // a slow unit would go on long after the key is up
     return action;
 }
 

@@ -61,12 +61,9 @@ void FileCommands::mnuNew_Click()
     room.TheaterInfo = {};
     editor_.Adopt(std::move(room), Source::Reset);
     emit Reset();
-    ShowName(messages::Untitled);
-    file_.FileLoaded = false;
-    file_.SettingsChanged = false;
-    file_.UnitRead = false;
     // The open file's name stays with the settings; with Save disabled it is never written by mistake.
-    AllowSave(false);
+    file_ = {.CurrentFileName = file_.CurrentFileName, .MaySave = false};
+    ShowFile();
     dialogFile_.clear();
 }
 
@@ -103,6 +100,7 @@ bool FileCommands::OpenFile(const QString &path)
     if (loaded) {
         dialogFile_ = path;
         recent_.Add(path);
+        emit Opened();
     }
     return loaded;
 }
@@ -126,8 +124,7 @@ bool FileCommands::Load(const QString &path, Source source)
         editor_.Adopt(std::move(room), source);
         SendLoadedValues(link_, stream_);
         file_ = {.CurrentFileName = path.toStdString(), .FileLoaded = true};
-        AllowSave(true);
-        ShowName(QDir::toNativeSeparators(path));
+        ShowFile();
     }
     // A stream keeps the poll off until it stops.
     if (!stream_.Running())
@@ -135,19 +132,28 @@ bool FileCommands::Load(const QString &path, Source source)
     return !failure;
 }
 
-void FileCommands::FollowFile()
+QString FileCommands::Title() const
 {
-    if (file_.CurrentFileName == shownFile_)
-        return;
-    const QString name = QString::fromStdString(file_.CurrentFileName);
-    emit MaySave(file_.MaySave);
-    ShowName(name.isEmpty() ? QString(messages::Untitled) : QDir::toNativeSeparators(name));
+    if (file_.UnitRead)
+        return messages::FromUnit;
+    if (!file_.MaySave || file_.CurrentFileName.empty())
+        return messages::Untitled;
+    return QDir::toNativeSeparators(QString::fromStdString(file_.CurrentFileName));
 }
 
-void FileCommands::ShowName(const QString &title)
+void FileCommands::FollowFile()
 {
-    shownFile_ = file_.CurrentFileName;
-    emit Named(title);
+    // An automatic re-read puts the unit into the title by itself; only a change of the file's state takes it
+    // away.
+    if (title_ != Title())
+        ShowFile();
+}
+
+void FileCommands::ShowFile()
+{
+    title_ = Title();
+    emit MaySave(file_.MaySave);
+    emit Named(title_);
 }
 
 bool FileCommands::mnuSave_Click()
@@ -175,7 +181,6 @@ bool FileCommands::mnuSaveAs_Click()
     if (path.isEmpty() || !SaveTo(path))
         return false;
     dialogFile_ = path;
-    AllowSave(true);
     return true;
 }
 
@@ -201,14 +206,8 @@ bool FileCommands::SaveTo(const QString &path)
     }
     editor_.Saved(path.toStdString());
     recent_.Add(path);
-    ShowName(QDir::toNativeSeparators(path));
+    ShowFile();
     return true;
-}
-
-void FileCommands::AllowSave(bool may)
-{
-    file_.MaySave = may;
-    emit MaySave(may);
 }
 
 } // namespace kelvo

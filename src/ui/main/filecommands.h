@@ -35,21 +35,22 @@ class FileCommands : public QObject {
     void OpenChosen(const QString &path);
     /// Takes the settings of a snapshot, which is nobody's file. False after a report.
     bool Revert(const QString &path);
-    /// The editor has gone to a step of another file: title and Save follow.
+    /// Title and Save follow what the editor or the unit made of the file's state.
     void FollowFile();
 
   signals:
     void Named(const QString &title); ///< what stands between the title's angle brackets
     void MaySave(bool may);           ///< `mnuSave`
+    void Opened();                    ///< what was not saved before may have been left behind
     void Reset();                     ///< what plays is no part of the new settings
 
   private:
     bool Load(const QString &path, Source source);
     bool MayBeReplaced();
     bool SaveTo(const QString &path);
-    void ShowName(const QString &title);
-    void AllowSave(bool may);
+    void ShowFile();
     QString ProposedName() const;
+    QString Title() const;
 
     Editor &editor_;
     FileState &file_;
@@ -58,8 +59,8 @@ class FileCommands : public QObject {
     EntryWindow &entries_;
     RecentFiles &recent_;
     QWidget *window_;
-    std::string shownFile_; ///< `FileState::CurrentFileName` as the title follows it
-    QString dialogFile_;    ///< what the file dialogs chose last; "" = nothing
+    QString title_;      ///< as the file's state gives it
+    QString dialogFile_; ///< what the file dialogs chose last; "" = nothing
 };
 
 } // namespace kelvo

@@ -68,6 +68,10 @@ FrmMain::FrmMain(RoomSettings &room, Preferences &options, FileState &file, Devi
     Named(this, "frmMain");
     ShowTitle(messages::Untitled);
     connect(files_, &FileCommands::Named, this, &FrmMain::ShowTitle);
+    connect(files_, &FileCommands::Opened, this, [this] {
+        recovery_->Look();
+        ShowSent();
+    });
     connect(files_, &FileCommands::Reset, this, [this] { panels_.ShowTestSignals({}); });
     connect(panels_.optical, &OpticalPanel::StreamShown, menus_, &Menus::EnableForStream);
     new RecentMenu(*menus_, *files_, recent_, this);

@@ -1,6 +1,7 @@
 #include "ui/main/keypreview.h"
 
 #include "ui/controls/levelfield.h"
+#include "ui/controls/toolwindow.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -37,20 +38,23 @@ bool KeyPreview::eventFilter(QObject *watched, QEvent *event)
     if (type != QEvent::KeyPress && type != QEvent::Wheel)
         return false;
     auto *receiver = qobject_cast<QWidget *>(watched);
-    if (!receiver || receiver->window() != window_ || !window_->isEnabled() ||
-        QApplication::activeModalWidget())
+    if (!receiver || !window_->isEnabled() || QApplication::activeModalWidget())
         return false;
+    // A window that is open beside the main one does not take the unit's own keys away.
+    if (receiver->window() != window_)
+        return type == QEvent::KeyPress && qobject_cast<ToolWindow *>(receiver->window()) &&
+               PreviewUnitKey(*static_cast<QKeyEvent *>(event));
     if (type == QEvent::Wheel)
         return PreviewWheel(receiver, static_cast<QWheelEvent *>(event)->angleDelta().y());
-    auto *key = static_cast<QKeyEvent *>(event);
-    return PreviewKey(receiver, key->key(), key->modifiers() & ~Qt::KeypadModifier, key->isAutoRepeat());
+    return PreviewKey(receiver, *static_cast<QKeyEvent *>(event));
 }
 
 /// Redo belongs to a text with the focus as undo does, which the toolkit sees to. Level fields know
 /// themselves.
 bool KeyPreview::KeepForText(QObject *receiver, QKeyEvent *key)
 {
-    const bool ofText = qobject_cast<QLineEdit *>(receiver) && !qobject_cast<LevelField *>(receiver) &&
+    const auto *text = qobject_cast<QLineEdit *>(receiver);
+    const bool ofText = text && !text->isReadOnly() && !qobject_cast<LevelField *>(receiver) &&
                         key->key() == Qt::Key_Y && key->modifiers() == Qt::ControlModifier;
     if (ofText)
         key->accept();
@@ -70,13 +74,15 @@ bool KeyPreview::PreviewWheel(QWidget *receiver, int angle)
     return true;
 }
 
-bool KeyPreview::PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers modifiers, bool repeat)
+/// F1, F2 and F4; false for any other.
+bool KeyPreview::PreviewUnitKey(const QKeyEvent &key)
 {
-    const bool connect = key == Qt::Key_F1 && !(modifiers & Qt::ShiftModifier); // with it, the guide's
-    const bool upload = key == Qt::Key_F2;
+    const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::KeypadModifier;
+    const bool connect = key.key() == Qt::Key_F1 && !(modifiers & Qt::ShiftModifier); // with it, the guide's
+    const bool upload = key.key() == Qt::Key_F2;
     if (connect || upload) {
         // Connect does nothing on line, so it is asked first and takes what is typed itself.
-        if (repeat || link_.InCall() || (upload && !entries_.CommitEntry()))
+        if (key.isAutoRepeat() || link_.InCall() || (upload && !entries_.CommitEntry()))
             return true;
         if (connect)
             emit ConnectPressed();
@@ -84,16 +90,24 @@ bool KeyPreview::PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers mo
             link_.UploadToUnit(UploadSelector::Both, UploadTrigger::Explicit);
         return true;
     }
-    if (key == Qt::Key_F4 && modifiers == Qt::NoModifier) {
-        // The mute of a running stream restarts it, so its button is disabled as well.
-        if (!repeat && link_.UnitOnline() && !link_.InCall() && !panels_.optical->Stream().Running())
-            panels_.mute->cmdMute_Click();
+    if (key.key() != Qt::Key_F4 || modifiers != Qt::NoModifier)
+        return false;
+    // The mute of a running stream restarts it, so its button is disabled as well.
+    if (!key.isAutoRepeat() && link_.UnitOnline() && !link_.InCall() && !panels_.optical->Stream().Running())
+        panels_.mute->cmdMute_Click();
+    return true;
+}
+
+bool KeyPreview::PreviewKey(QWidget *receiver, const QKeyEvent &event)
+{
+    if (PreviewUnitKey(event))
         return true;
-    }
+    const int key = event.key();
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
     if (tabs_.Shown() == Tab::Help)
         return PreviewHelpKey(receiver, key, modifiers);
     return options_.Shortcuts && modifiers == Qt::ControlModifier && tabs_.Shown() == Tab::Eq &&
-           tabs_.Page(Tab::Eq)->isEnabled() && RunShortcut(key, repeat);
+           tabs_.Page(Tab::Eq)->isEnabled() && RunShortcut(key, event.isAutoRepeat());
 }
 
 /// False for a key that is no shortcut.

@@ -4,6 +4,7 @@
 #include "ui/main/panels.h"
 #include "ui/main/tabpages.h"
 
+#include <QKeyEvent>
 #include <QObject>
 
 namespace kelvo {
@@ -26,7 +27,8 @@ class KeyPreview : public QObject {
 
   private:
     bool KeepForText(QObject *receiver, QKeyEvent *key);
-    bool PreviewKey(QWidget *receiver, int key, Qt::KeyboardModifiers modifiers, bool repeat);
+    bool PreviewUnitKey(const QKeyEvent &key);
+    bool PreviewKey(QWidget *receiver, const QKeyEvent &event);
     bool RunShortcut(int key, bool repeat);
     bool PreviewHelpKey(QWidget *receiver, int key, Qt::KeyboardModifiers modifiers);
     bool PreviewWheel(QWidget *receiver, int angle);

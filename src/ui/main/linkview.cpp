@@ -82,9 +82,10 @@ void FrmMain::Show(const Changed &changed)
     ShowRoom(changed);
     if (changed.source == Source::Connection)
         panels_.ShowTestSignals(link_.Holds().Playing);
-    const bool wholeUnit = changed.source == Source::Connection || changed.source == Source::Update ||
-                           changed.source == Source::Reread;
-    if (wholeUnit && link_.UnitOnline())
+    const bool asked = changed.source == Source::Connection || changed.source == Source::Update;
+    // A re-read that left unsent settings standing makes the screen nobody's but the user's.
+    const bool reread = changed.source == Source::Reread && link_.Differences() == 0;
+    if ((asked || reread) && link_.UnitOnline())
         ShowTitle(messages::FromUnit);
     if (changed.source == Source::Poll)
         repaint();

@@ -3,6 +3,8 @@
 #include "ui/main/messages.h"
 
 #include <QDate>
+#include <QDateTime>
+#include <QFileInfo>
 #include <QLocale>
 
 namespace kelvo {
@@ -57,23 +59,43 @@ QStringList Recovery::Offers() const
 
 QString Recovery::Offer()
 {
+    FollowTaken();
     untouched_ = untouched_ && editor_.Steps().Steps().empty();
     return untouched_ && !offered_.empty() ? NameOf(offered_.front()) : QString();
+}
+
+void Recovery::FollowTaken()
+{
+    const History &history = editor_.Steps();
+    for (Taken &taken : taken_)
+        for (std::size_t at = 0; at < history.Steps().size(); ++at)
+            if (history.Steps()[at].number == taken.step)
+                taken.inEffect = at < history.Done();
 }
 
 void Recovery::Take(int which)
 {
     if (which < 0 || which >= int(offered_.size()))
         return;
-    taken_.push_back(std::move(offered_[which]));
+    LeftBehind left = std::move(offered_[which]);
     offered_.erase(offered_.begin() + which);
-    editor_.BringBack(taken_.back(), NameOf(taken_.back()).toStdString());
+    // A file that was saved since by somebody else is not to be written over by what was before.
+    const QFileInfo file(QString::fromStdString(left.fileName));
+    if (file.exists() && file.lastModified() > QFileInfo(QString::fromStdString(left.path)).lastModified())
+        left.fileName.clear();
+    const auto last = [this] { return editor_.Steps().Last() ? editor_.Steps().Last()->number : 0; };
+    const std::size_t before = last();
+    HeldJournal journal(left);
+    editor_.BringBack(left, NameOf(left).toStdString());
+    taken_.push_back({std::move(journal), last() == before ? 0 : last()});
 }
 
 void Recovery::Tidy()
 {
-    for (const LeftBehind &left : taken_)
-        RemoveJournal(left);
+    FollowTaken();
+    for (Taken &taken : taken_)
+        if (taken.inEffect)
+            taken.journal.Remove();
 }
 
 } // namespace kelvo

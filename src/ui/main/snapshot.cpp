@@ -54,10 +54,10 @@ void Snapshot::Take()
 
 void Snapshot::Renew()
 {
-    if (!Keep())
-        return;
+    // One of another unit is offered to nobody, even where it cannot be kept elsewhere.
     taken_ = false;
-    Take();
+    if (Keep())
+        Take();
 }
 
 bool Snapshot::Keep()

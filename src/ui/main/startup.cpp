@@ -72,7 +72,8 @@ void FrmMain::cmdConnect_Click()
     constexpr int PollInterval = 2000;
     const QPointer<QWidget> focus = focusWidget();
     EnableCommands(false);
-    if (link_.ConnectToUnit())
+    const bool accepted = link_.ConnectToUnit();
+    if (accepted)
         tmrPoll_->setInterval(PollInterval);
     frmProg_.reset();
     EnableCommands(true);
@@ -82,7 +83,7 @@ void FrmMain::cmdConnect_Click()
     if (isVisible())
         activateWindow();
     FitScreen();
-    if (started_ && link_.Holds().FoundOther())
+    if (accepted && started_ && link_.Holds().Other)
         snapshot_.Renew();
     else if (started_)
         snapshot_.Take();

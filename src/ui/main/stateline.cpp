@@ -106,7 +106,7 @@ StateLine::StateLine(QMenuBar *bar)
     row->setContentsMargins(Gap, 1, Gap, 1);
     row->setSpacing(Gap);
     row->addStretch();
-    row->addWidget(lblNotice_);
+    row->addWidget(lblNotice_, 1);
     for (int state = 0; state < StateCount; ++state) {
         QLabel *label = state == Noise ? new ElidedLabel(LeastOfNoise) : new QLabel;
         lblState_[state] = Prepared(Named(label, "lblState", state), StateColours[std::size_t(state)]);
@@ -114,6 +114,8 @@ StateLine::StateLine(QMenuBar *bar)
     }
     lblNotice_->setCursor(Qt::PointingHandCursor);
     lblNotice_->installEventFilter(this);
+    // It gets what the states leave: what sounds in the hall tells more than a fault.
+    lblNotice_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     bar->setCornerWidget(this);
 }
 
@@ -187,6 +189,7 @@ void StateLine::ShowNotice()
 {
     const QString notice = notices_.value(0);
     lblNotice_->setText(notice);
+    lblNotice_->setMaximumWidth(lblNotice_->sizeHint().width());
     lblNotice_->setToolTip(notice);
     lblNotice_->setAccessibleName(notice);
     lblNotice_->setVisible(!notice.isEmpty());

@@ -9,8 +9,10 @@ ToolsMenu::ToolsMenu(Menus &menus, FrmDiffers::Desk desk, QSettings &memory, QWi
       memory_(memory),
       window_(window)
 {
-    menus.Item(menus.Tools(), "mnuDiffers", messages::DiffersCaption, [this] { OpenDiffers(); })
-        ->setShortcut(Qt::Key_F9);
+    QAction *mnuDiffers =
+        menus.Item(menus.Tools(), "mnuDiffers", messages::DiffersCaption, [this] { OpenDiffers(); });
+    mnuDiffers->setShortcut(Qt::Key_F9);
+    mnuDiffers->setShortcutContext(Qt::ApplicationShortcut);
     mnuVerify_ =
         menus.Item(menus.Tools(), "mnuVerify", messages::VerifyCaption, [this] { mnuVerify_Click(); });
     Follow();
@@ -37,6 +39,8 @@ void ToolsMenu::Follow()
     mnuVerify_->setEnabled(desk_.link.UnitOnline() && !desk_.streaming());
     if (frmDiffers_)
         frmDiffers_->Follow();
+    if (frmVerify_ && verified_ && (!desk_.link.UnitOnline() || *verified_ != desk_.editor.Room()))
+        frmVerify_->Outdate();
 }
 
 void ToolsMenu::mnuVerify_Click()
@@ -54,6 +58,7 @@ void ToolsMenu::mnuVerify_Click()
             DifferencesOf(ScreenSide(desk_.editor).read().side, UnitSide(desk_.link).read().side));
     else
         frmVerify_->ShowNotVerified(unread);
+    verified_ = unread.empty() ? std::optional(desk_.editor.Room()) : std::nullopt;
     frmVerify_->BringUp();
 }
 

@@ -30,6 +30,7 @@ class ToolsMenu : public QObject {
     std::unique_ptr<FrmDiffers> frmDiffers_;
     std::unique_ptr<FrmVerify> frmVerify_;
     QAction *mnuVerify_;
+    std::optional<RoomSettings> verified_; ///< the screen that the unit was compared with
 };
 
 } // namespace kelvo

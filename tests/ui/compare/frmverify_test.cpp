@@ -14,6 +14,8 @@ class FrmVerifyTest : public QObject {
     void whatIsTypedIsTakenFirst();
     void aBadTypedValueCallsItOff();
     void itIsNotOfferedOffLineOrDuringAStream();
+    void anEditMakesTheVerdictOneOfThePast();
+    void whatTheUnitChangedItselfIsNoEditThatAReReadKeeps();
     void aLostLinkIsReportedAndNothingIsVerified();
     void aRecordThatIsNotTheDataAskedForIsNotCompared();
     void escapeClosesIt();
@@ -49,7 +51,7 @@ void FrmVerifyTest::whatTheUnitHoldsInsteadIsListed()
     console.unit.audio.ChannelTrim[Center] = 8;
     console.unit.panel.level = 41;
     console.Trigger("mnuVerify");
-    QCOMPARE(Verdict(console), "The unit differs from the screen in 2 settings");
+    QCOMPARE(Verdict(console), "The unit differs from the screen in 1 setting, 1 live value");
     QCOMPARE(console.Rows("frmVerify"), (QStringList{"Output Trim | Center, output trim | +0.5 dB | +2.0 dB",
                                                      "Live | Fader | 7.0 | 4.1"}));
     QVERIFY(console.Table("frmVerify")->isVisible());
@@ -61,7 +63,7 @@ void FrmVerifyTest::whatTheUnitHoldsInsteadIsListed()
     console.unit.audio.reserved4[0] ^= 1;
     console.unit.panel.level = 70;
     console.Trigger("mnuVerify");
-    QCOMPARE(Verdict(console), "The unit differs from the screen in 1 setting and 2 other bytes");
+    QCOMPARE(Verdict(console), "The unit differs from the screen in 1 setting, 2 other bytes");
 
     console.unit.audio.ChannelTrim[Center] = 11;
     console.unit.audio.reserved4[0] ^= 1;
@@ -116,6 +118,33 @@ void FrmVerifyTest::itIsNotOfferedOffLineOrDuringAStream()
     console.unit.panel.plugged = true;
     console.Click("cmdConnect");
     QVERIFY(mnuVerify->isEnabled());
+}
+
+void FrmVerifyTest::anEditMakesTheVerdictOneOfThePast()
+{
+    DiffersConsole console(OnLine, Tab::OutputTrim);
+    console.Trigger("mnuVerify");
+    console.window->activateWindow();
+    console.Tick("tmrPoll"); // finds nothing new
+    QCOMPARE(Verdict(console), "The unit holds what the screen shows (132 settings)");
+    console.Type("lblPNG(2)", "3");
+    QCOMPARE(Verdict(console),
+             "Before the latest change: The unit holds what the screen shows (132 settings)");
+    console.Trigger("mnuVerify");
+    QCOMPARE(Verdict(console), "The unit differs from the screen in 1 setting");
+}
+
+void FrmVerifyTest::whatTheUnitChangedItselfIsNoEditThatAReReadKeeps()
+{
+    DiffersConsole console(OnLine, Tab::OutputTrim);
+    console.unit.audio.ChannelTrim[Left] = 3;
+    console.Trigger("mnuVerify");
+    QVERIFY(console.Find<QLabel>("lblSent")->text().startsWith("1 change"));
+    console.options.AutoRefresh = true;
+    console.options.RefreshSeconds = 1;
+    console.Tick("tmrRefresh");
+    QCOMPARE(console.room.Audio.ChannelTrim[Left], Byte(3));
+    QCOMPARE(console.Find<QLabel>("lblSent")->text(), "All sent");
 }
 
 void FrmVerifyTest::aLostLinkIsReportedAndNothingIsVerified()

@@ -142,7 +142,7 @@ void BringBackTest::anOpenedFilesNameComesBack()
     QCOMPARE(Get(console.room, field::Kept(3)), 44);
     QVERIFY(console.file.SettingsChanged);
     console.Trigger("mnuUndo");
-    QVERIFY(console.window->windowTitle().endsWith("<Untitled>"));
+    QVERIFY(console.window->windowTitle().endsWith("<CP Settings>"));
     QVERIFY(console.file.CurrentFileName.empty());
     QVERIFY(console.room.TheaterInfo[0].empty());
 }

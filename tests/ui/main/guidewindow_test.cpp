@@ -30,7 +30,7 @@ class GuideWindowTest : public QObject {
     void escapeClosesItWhereverTheFocusIs();
     void itComesBackAsItWasLeft();
     void itRemembersItsSize();
-    void f1InItDoesNotConnect();
+    void theUnitsOwnKeysActInItToo();
 };
 
 namespace {
@@ -280,13 +280,19 @@ void GuideWindowTest::itRemembersItsSize()
     QCOMPARE(open(console)->size(), QSize(520, 430));
 }
 
-void GuideWindowTest::f1InItDoesNotConnect()
+void GuideWindowTest::theUnitsOwnKeysActInItToo()
 {
     Opened console(OffLine);
     console.unit.panel.plugged = true;
     console.Key(Qt::Key_F1);
-    QCOMPARE(console.Find<QLabel>("lblStat")->text(), "Off Line");
-    QCOMPARE(console.Calls(), Calls());
+    QCOMPARE(console.Find<QLabel>("lblStat")->text(), "On Line");
+    console.Forget();
+    console.Find<QWidget>("frmGuide")->activateWindow();
+    console.Find<QWidget>("txtSearch")->setFocus();
+    console.Key(Qt::Key_F4);
+    QCOMPARE(console.Calls(), Calls{"SetMute -1"});
+    console.Key(Qt::Key_F2);
+    QCOMPARE(console.Calls(), (Calls{"SetMute -1", "SetSystem", "SetAudio"}));
 }
 
 QTEST_MAIN(GuideWindowTest)
