@@ -38,7 +38,7 @@ void TellFailure(QWidget *window, const Message &cannot, const QString &path, co
 } // namespace
 
 FileCommands::FileCommands(Editor &editor, FileState &file, UnitLink &link, OpticalStream &stream,
-                           EntryWindow &entries, RecentFiles &recent, QWidget *window)
+                           EntryWindow &entries, RecentFiles &recent, const Places &places, QWidget *window)
     : QObject(window),
       editor_(editor),
       file_(file),
@@ -46,6 +46,7 @@ FileCommands::FileCommands(Editor &editor, FileState &file, UnitLink &link, Opti
       stream_(stream),
       entries_(entries),
       recent_(recent),
+      places_(places),
       window_(window)
 {
 }
@@ -123,7 +124,9 @@ bool FileCommands::Load(const QString &path, Source source)
         const FlagGuard loading(link_.Updating);
         editor_.Adopt(std::move(room), source);
         SendLoadedValues(link_, stream_);
-        file_ = {.CurrentFileName = path.toStdString(), .FileLoaded = true};
+        // A snapshot that was opened is saved elsewhere: it stays what the unit had.
+        file_ = {
+            .CurrentFileName = path.toStdString(), .FileLoaded = true, .MaySave = !places_.IsSnapshot(path)};
         ShowFile();
     }
     // A stream keeps the poll off until it stops.
@@ -136,7 +139,8 @@ QString FileCommands::Title() const
 {
     if (file_.UnitRead)
         return messages::FromUnit;
-    if (!file_.MaySave || file_.CurrentFileName.empty())
+    const bool leftByNew = !file_.FileLoaded && !file_.MaySave;
+    if (leftByNew || file_.CurrentFileName.empty())
         return messages::Untitled;
     return QDir::toNativeSeparators(QString::fromStdString(file_.CurrentFileName));
 }

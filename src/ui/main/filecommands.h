@@ -2,6 +2,7 @@
 
 #include "edit/editor.h"
 #include "ui/controls/entrywindow.h"
+#include "ui/main/places.h"
 #include "ui/main/recentfiles.h"
 #include "unit/opticalstream.h"
 
@@ -20,7 +21,7 @@ class FileCommands : public QObject {
 
   public:
     FileCommands(Editor &editor, FileState &file, UnitLink &link, OpticalStream &stream, EntryWindow &entries,
-                 RecentFiles &recent, QWidget *window);
+                 RecentFiles &recent, const Places &places, QWidget *window);
 
     void mnuNew_Click();
     void mnuLoad_Click();
@@ -58,6 +59,7 @@ class FileCommands : public QObject {
     OpticalStream &stream_;
     EntryWindow &entries_;
     RecentFiles &recent_;
+    const Places &places_;
     QWidget *window_;
     QString title_;      ///< as the file's state gives it
     QString dialogFile_; ///< what the file dialogs chose last; "" = nothing

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDir>
+#include <QFileInfo>
 #include <QString>
 
 #include <functional>
@@ -23,6 +24,15 @@ struct Places {
     QString JournalFolder() const
     {
         return dataFolder.isEmpty() ? QString() : QDir(dataFolder).filePath("journals");
+    }
+    /// The folder of the kept snapshots; "temp.qm4" stands beside it.
+    QString SnapshotFolder() const { return QDir(programDirectory).filePath("snapshots"); }
+    QString SnapshotFile() const { return QDir(programDirectory).filePath("temp.qm4"); }
+    /// A unit's settings as they were found: not to be written over by a Save.
+    bool IsSnapshot(const QString &path) const
+    {
+        const QFileInfo file(path);
+        return file == QFileInfo(SnapshotFile()) || QFileInfo(file.path()) == QFileInfo(SnapshotFolder());
     }
     QString PreferencesFile() const { return QDir(programDirectory).filePath("settings.dat"); }
 };

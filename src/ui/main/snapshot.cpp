@@ -13,9 +13,6 @@ namespace kelvo {
 
 namespace {
 
-constexpr auto SnapshotName = "temp.qm4";
-constexpr auto FolderName = "snapshots";
-
 /// "2026-11-21 21.04.33.zcf"; a second one of the same second has a number.
 QString DatedName(const QDir &folder, const QDateTime &time)
 {
@@ -28,11 +25,11 @@ QString DatedName(const QDir &folder, const QDateTime &time)
 
 } // namespace
 
-Snapshot::Snapshot(const QString &programDirectory, bool owned, const Editor &editor, const UnitLink &link,
-                   QWidget *window, std::function<void(const QString &)> fault)
-    : path_(QDir(programDirectory).filePath(SnapshotName)),
-      folder_(QDir(programDirectory).filePath(FolderName)),
-      owned_(owned),
+Snapshot::Snapshot(const Places &places, const Editor &editor, const UnitLink &link, QWidget *window,
+                   std::function<void(const QString &)> fault)
+    : path_(places.SnapshotFile()),
+      folder_(places.SnapshotFolder()),
+      owned_(places.ownsFiles),
       editor_(editor),
       link_(link),
       window_(window),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "edit/editor.h"
+#include "ui/main/places.h"
 
 #include <QString>
 #include <QStringList>
@@ -17,10 +18,10 @@ class Snapshot {
   public:
     static constexpr int MostKept = 20; ///< the oldest go
 
-    /// `owned` false: another console runs on the program directory and its files are left alone. `fault` is
-    /// told when a snapshot cannot be kept.
-    Snapshot(const QString &programDirectory, bool owned, const Editor &editor, const UnitLink &link,
-             QWidget *window, std::function<void(const QString &)> fault);
+    /// Where another console owns the files of the program directory, they are left alone. `fault` is told
+    /// when a snapshot cannot be kept.
+    Snapshot(const Places &places, const Editor &editor, const UnitLink &link, QWidget *window,
+             std::function<void(const QString &)> fault);
 
     const QString &Path() const { return path_; }
     bool Taken() const { return taken_; }

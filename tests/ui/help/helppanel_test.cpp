@@ -154,7 +154,7 @@ class HelpPanelTest : public QObject {
               "Shift+F5",
               "What Differs ...",
               "Verify the Unit",
-              "The unit holds what the screen shows (153 settings)",
+              "The unit holds what the screen shows (132 settings)",
               "Not verified",
               "Bring back 12 changes of 21:04",
               "Recent Files",

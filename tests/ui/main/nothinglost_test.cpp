@@ -34,6 +34,7 @@ class NothingLostTest : public QObject {
     void aFileThatWasSavedSinceIsNotWrittenOver();
     void openWithoutAQuestionLeavesTheEditsToBeBroughtBack();
     void whatWasBroughtBackAndUndoneIsOfferedAgain();
+    void aSnapshotThatWasOpenedIsSavedElsewhere();
     void theFirstConnectionIsNoStepBesideATypedText();
     void theTitleFollowsUndoAndRedo();
     void theTitleIsNotTheUnitsWhileUnsentSettingsStand();
@@ -299,6 +300,26 @@ void NothingLostTest::whatWasBroughtBackAndUndoneIsOfferedAgain()
     }
     Evening next(data.path());
     QVERIFY(next.Line().startsWith("Bring back 1 change of"));
+}
+
+void NothingLostTest::aSnapshotThatWasOpenedIsSavedElsewhere()
+{
+    QTemporaryDir data;
+    Evening console(data.path());
+    QVERIFY(QDir().mkpath(console.File("snapshots")));
+    const QString kept = console.Put("snapshots/2024-03-14 15.00.00.zcf", 3);
+    for (const QString &path : {kept, console.File("temp.qm4")}) {
+        const int before = TrimIn(path);
+        QVERIFY(console.window->OpenFile(path));
+        QVERIFY(console.Title().endsWith("<" + QDir::toNativeSeparators(path) + ">"));
+        console.Type("lblPNG(0)", "1");
+        QVERIFY(!console.Action("mnuSave")->isEnabled());
+        console.AnswerNextBox("Save?", QMessageBox::Yes);
+        console.ChooseNextFile({}); // goes through Save As
+        console.Trigger("mnuLoad");
+        QCOMPARE(TrimIn(path), before);
+        console.file.SettingsChanged = false;
+    }
 }
 
 void NothingLostTest::theFirstConnectionIsNoStepBesideATypedText()
