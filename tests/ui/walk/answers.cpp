@@ -114,6 +114,8 @@ void Walker::AnswerFileDialog(QFileDialog *dialog)
         dialog->reject();
         return;
     }
+    if (dialog->parent() == console_->window.get())
+        ledger_.FileMayCome();
     dialog->setDirectory(folder_.path());
     dialog->selectFile(AnyFile(dialog->acceptMode() == QFileDialog::AcceptSave));
     QMetaObject::invokeMethod(dialog, "accept");

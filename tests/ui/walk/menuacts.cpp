@@ -19,6 +19,7 @@ void ChooseBaud(Walker &walker)
 
 void New(Walker &walker)
 {
+    walker.Kept().FileMayCome();
     walker.Choose("mnuNew");
     walker.SignalsAreNew();
 }
@@ -27,8 +28,10 @@ void OpenRecent(Walker &walker)
 {
     emit walker.Console().Find<QMenu>("mnuTools")->aboutToShow();
     const QList<QAction *> files = walker.Console().Find<QMenu>("mnuRecent")->actions();
-    if (!files.isEmpty())
-        walker.Choose(files[walker.Number(int(files.size()))]->objectName().toLatin1().constData());
+    if (files.isEmpty())
+        return;
+    walker.Kept().FileMayCome();
+    walker.Choose(files[walker.Number(int(files.size()))]->objectName().toLatin1().constData());
 }
 
 constexpr std::array Acts{
@@ -47,7 +50,6 @@ constexpr std::array Acts{
     Act{"Automatic Update", 2, [](Walker &walker) { walker.Choose("mnuAutoRef"); }},
     Act{"Use System Date/Time", 2, [](Walker &walker) { walker.Choose("mnuSys"); }},
     Act{"Set Theater Information", 4, [](Walker &walker) { walker.Choose("mnuSet"); }},
-    Act{"Guide", 2, [](Walker &walker) { walker.Choose("mnuGuide"); }},
     Act{"Knobs and Front Panel", 1, [](Walker &walker) { walker.Choose("mnuKnobs"); }},
 };
 

@@ -11,6 +11,7 @@ namespace {
 
 constexpr int ActsBetweenRests = 20;
 constexpr int ActsBetweenUploads = 400;
+constexpr int ActsBetweenUndoing = 100;
 constexpr int LongestAct = 60000; ///< milliseconds
 
 /// Where a long walk must have been: windows, boxes by title, and states.
@@ -20,7 +21,13 @@ constexpr std::array Stations{
     "frmRef",
     "frmFader",
     "frmSimulator",
+    "frmHistory",
+    "frmDiffers",
+    "frmVerify",
     "frmGuide",
+    "brought back",
+    "undone to the start",
+    "undone to the start after a re-read",
     "Open",
     "Save As",
     "Connection Error",
@@ -58,7 +65,8 @@ int FromEnvironment(const char *name, int otherwise)
 std::vector<const Act *> Table()
 {
     std::vector<const Act *> table;
-    for (const auto acts : {LevelActs(), PanelActs(), UnitActs(), MenuActs(), DialogActs()})
+    for (const auto acts :
+         {LevelActs(), PanelActs(), UnitActs(), MenuActs(), DialogActs(), EditActs(), ToolActs()})
         for (const Act &act : acts)
             table.insert(table.end(), std::size_t(act.weight), &act);
     return table;
@@ -69,7 +77,7 @@ QString WrongAtRest(Walker &walker)
 {
     if (const QString wrong = walker.LetGo(); !wrong.isEmpty())
         return wrong;
-    for (const auto checks : {LevelChecks(), PanelChecks(), UnitChecks()})
+    for (const auto checks : {LevelChecks(), PanelChecks(), UnitChecks(), EditChecks()})
         for (const Check &check : checks)
             if (const QString wrong = check.wrong(walker); !wrong.isEmpty())
                 return QString("%1: %2").arg(check.name, wrong);
@@ -81,6 +89,7 @@ QString WrongAfterUpload(Walker &walker)
 {
     if (const QString wrong = walker.LetGo(); !wrong.isEmpty())
         return wrong;
+    walker.BeginAct("upload");
     walker.unit.panel.plugged = true;
     walker.unit.ForgetFailures();
     const FlagGuard patient(walker.patient);
@@ -94,14 +103,56 @@ QString WrongAfterUpload(Walker &walker)
     const int before = walker.witness.callsOf[Operation::SetAudio];
     for (int tries = 0; tries < 24 && walker.witness.callsOf[Operation::SetAudio] == before; ++tries)
         console.Key(Qt::Key_F2);
-    if (!walker.OnLine() || console.Find<QLabel>("lblSent")->text() != "All sent")
-        return "after the upload: " + console.Find<QLabel>("lblSent")->text();
+    if (const QString wrong = walker.EndAct(); !wrong.isEmpty())
+        return wrong;
+    const QString sent = console.Find<QLabel>("lblSent")->text();
+    if (!walker.OnLine() || (sent != "All sent" && !OffersOf(console).contains(sent)))
+        return "after the upload: " + sent;
     RoomSettings inUnit = walker.Holds().Room();
     inUnit.Audio = walker.unit.audio;
     inUnit.System = walker.unit.system;
     inUnit.FaderLevel = walker.unit.panel.level;
     inUnit.CurrentFormat = walker.unit.panel.format;
     return inUnit == walker.Holds().Room() ? "" : "the unit holds something else after the upload";
+}
+
+/// Undoes everything and redoes it: what is another room than it was? "" = none. The ledger looks after both.
+QString WrongAfterUndoing(Walker &walker)
+{
+    if (const QString wrong = walker.LetGo(); !wrong.isEmpty())
+        return wrong;
+    const FlagGuard patient(walker.patient);
+    ConsoleUnderTest &console = walker.Console();
+    const RoomSettings end = console.room;
+    const std::size_t done = console.window->Edits().Steps().Done();
+    if (done == 0)
+        return {};
+    const bool byRow = walker.Chance(2);
+    const auto moveTo = [&](std::size_t row) {
+        walker.BeginAct("move in the history");
+        const auto at = [&console] { return console.window->Edits().Steps().Done(); };
+        if (byRow) {
+            walker.Choose("mnuHistory");
+            walker.ClickRow(int(row));
+        }
+        for (std::size_t left = done; left > 0 && at() != row; --left)
+            walker.Choose(at() > row ? "mnuUndo" : "mnuRedo");
+        const QString wrong = walker.EndAct();
+        return wrong.isEmpty() && at() != row ? QString("%1 cannot be reached").arg(row) : wrong;
+    };
+    ++walker.places["undone to the start"];
+    if (const QString wrong = moveTo(0); !wrong.isEmpty())
+        return wrong;
+    const RoomSettings *start = walker.Kept().Start();
+    const bool whole = start && Differing(*start, console.room).none();
+    if (start && !whole)
+        return "after undoing everything the room is not that of the start";
+    walker.places["undone to the start after a re-read"] += !start;
+    if (const QString wrong = moveTo(done); !wrong.isEmpty())
+        return wrong;
+    if (start && Differing(end, console.room).any())
+        return "after redoing everything the room is not that of the end";
+    return {};
 }
 
 } // namespace
@@ -144,6 +195,8 @@ void RandomWalkTest::screenRecordAndUnitAgreeAtEveryRest()
             wrong = "it took too long";
         if (wrong.isEmpty() && number % rest == 0)
             wrong = WrongAtRest(walker);
+        if (wrong.isEmpty() && number % ActsBetweenUndoing == 0)
+            wrong = WrongAfterUndoing(walker);
         if (wrong.isEmpty() && number % ActsBetweenUploads == 0)
             wrong = WrongAfterUpload(walker);
         if (!wrong.isEmpty() || QTest::currentTestFailed())

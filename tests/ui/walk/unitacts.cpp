@@ -14,8 +14,9 @@ void TickPoll(Walker &walker)
 
 void TickRefresh(Walker &walker)
 {
-    for (int second = walker.Number(4); second >= 0; --second)
-        walker.Console().TickIfActive("tmrRefresh");
+    for (int second = walker.Number(4); second >= 0 && walker.Console().window->isVisible(); --second)
+        walker.Wrong(walker.Kept().Reread(walker.Console(), walker.witness,
+                                          [&] { walker.Console().TickIfActive("tmrRefresh"); }));
 }
 
 void TickClocks(Walker &walker)

@@ -5,9 +5,6 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include <functional>
-#include <numeric>
-
 namespace kelvo {
 
 namespace {
@@ -106,35 +103,6 @@ QString WrongSignals(const Walker &walker)
     return walker.unit.testSignals.rt60 == on("cmdRT60") ? "" : "RT60";
 }
 
-int DifferentBytes(std::span<const Byte> one, std::span<const Byte> other)
-{
-    return std::inner_product(one.begin(), one.end(), other.begin(), 0, std::plus(), std::not_equal_to());
-}
-
-/// How many settings that a control shows differ.
-int DifferentSettings(const AudioBlock &one, const AudioBlock &other)
-{
-    int count = DifferentBytes(one.ChannelTrim, other.ChannelTrim) + (one.ObeLevel != other.ObeLevel) +
-                (one.ObeFreq != other.ObeFreq);
-    for (std::size_t channel = 0; channel < one.ChannelEq.size(); ++channel) {
-        const ChannelSlice &here = one.ChannelEq[channel];
-        const ChannelSlice &there = other.ChannelEq[channel];
-        constexpr std::array<std::size_t, ChannelCount> bands{27, 9, 27, 9, 27, 3};
-        count += DifferentBytes(std::span(here.Band).first(bands[channel]),
-                                std::span(there.Band).first(bands[channel])) +
-                 (here.BassLevel != there.BassLevel) + (here.TrebleLevel != there.TrebleLevel);
-    }
-    return count;
-}
-
-int DifferentSettings(const SystemBlock &one, const SystemBlock &other)
-{
-    return (one.F1KeyMode != other.F1KeyMode) + (one.DisableMatrix != other.DisableMatrix) +
-           (one.NonsyncMode != other.NonsyncMode) + (one.ReaderDelay != other.ReaderDelay) +
-           (one.SurroundDelay != other.SurroundDelay) + (one.NonsyncTrim != other.NonsyncTrim) +
-           (one.DefaultFormat != other.DefaultFormat);
-}
-
 /// How many settings the unit was not told, by the witness; nothing before the unit was read.
 std::optional<int> Unsent(const Walker &walker)
 {
@@ -151,8 +119,16 @@ std::optional<int> Unsent(const Walker &walker)
 
 QString WrongSent(const Walker &walker)
 {
-    const QString shown = walker.Console().Find<QLabel>("lblSent")->text();
+    const auto *lblSent = walker.Console().Find<QLabel>("lblSent");
+    const QString shown = lblSent->text();
     const auto count = Unsent(walker);
+    const bool amber =
+        lblSent->autoFillBackground() && lblSent->palette().color(QPalette::Window) == QColor(255, 191, 0);
+    if (amber != (count.value_or(0) > 0))
+        return QString("lblSent, \"%1\", is %2").arg(shown, amber ? "amber" : "not amber");
+    const QStringList offers = OffersOf(walker.Console());
+    if (count.value_or(0) == 0 && !offers.isEmpty() && !walker.Kept().Touched())
+        return shown == offers.first() ? "" : QString("lblSent reads \"%1\" beside offers").arg(shown);
     const QString truth = !count ? QString()
                           : *count == 0
                               ? QString("All sent")

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QDialog>
 #include <QLabel>
+#include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <QTabWidget>
@@ -47,9 +48,13 @@ Walker::~Walker()
 
 void Walker::Start()
 {
+    const LocalTime now = console_ ? console_->clock.now : ConsoleClock().now;
     console_.reset();
     witness.Forget();
-    console_ = std::make_unique<ConsoleUnderTest>(unit, [this](ConsoleUnderTest &console) {
+    console_ = std::make_unique<ConsoleUnderTest>(unit, [this, now](ConsoleUnderTest &console) {
+        console.clock.now = now;
+        console.places.dataFolder = folder_.filePath("data");
+        console.places.memoryFile = folder_.filePath("windows.conf");
         console.WithEveryDialog([this](QDialog *dialog) { Answer(dialog); });
         console.places.programDirectory = folder_.path();
         console.places.helpFile = folder_.filePath("guide.rtf");
@@ -58,6 +63,7 @@ void Walker::Start()
     ++places["start"];
     signalsKnown_ = streamKnown_ = false;
     heldKey = 0;
+    Wrong(ledger_.Begin(*console_));
 }
 
 // What can be seen
@@ -81,6 +87,12 @@ bool Walker::Reachable(const QWidget *control) const
 {
     const QWidget *window = control->window();
     return window == console_->window.get() || window->objectName() == "frmFader";
+}
+
+bool Walker::HalfTyped() const
+{
+    const auto fields = console_->window->findChildren<LevelField *>();
+    return std::ranges::any_of(fields, &LevelField::IsPending);
 }
 
 QDialog *Walker::Open(const char *dialog) const
@@ -126,6 +138,17 @@ void Walker::Type(QLineEdit *field, const QString &text, bool enter)
         console_->TypeOnly(field, text);
 }
 
+void Walker::ClickRow(int row)
+{
+    const QDialog *frmHistory = Open("frmHistory");
+    auto *list = frmHistory ? frmHistory->findChild<QListWidget *>("lstHistory") : nullptr;
+    if (!list || row >= list->count() || !frmHistory->isEnabled())
+        return;
+    Activate(list);
+    list->scrollToItem(list->item(row));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+}
+
 void Walker::Choose(const char *action)
 {
     QAction *item = console_->Action(action);
@@ -143,7 +166,8 @@ QString Walker::LetGo()
 {
     BeginAct("let go");
     ++places[State()];
-    for (const char *dialog : {"frmRef", "frmFader", "frmSimulator", "frmGuide"})
+    for (const char *dialog :
+         {"frmRef", "frmFader", "frmSimulator", "frmHistory", "frmDiffers", "frmVerify", "frmGuide"})
         places[dialog] += Open(dialog) != nullptr;
     mostBadValues_ = 2; // in the window and in the fader dialog
     if (heldKey != 0)
@@ -176,6 +200,14 @@ void Walker::Close()
     leaving_ = false;
 }
 
+void Walker::Kill()
+{
+    const QString wrong = LetGo();
+    Wrong(wrong.isEmpty() ? ledger_.End(*console_, true) : wrong);
+    Start();
+    boxes_.clear(); // of its start, whose calls are not on record
+}
+
 /// The window has closed: the unit must have been left quiet, but for what a failing line prevented.
 void Walker::StartAgain()
 {
@@ -184,6 +216,7 @@ void Walker::StartAgain()
         Wrong("something played on after the exit");
     if (OnLine() && witness.lastFailed != Operation::DLLShutdown && unit.port != 0)
         Wrong("the library was not shut down");
+    Wrong(ledger_.End(*console_, false));
     Start();
 }
 
@@ -209,6 +242,11 @@ QString Walker::State() const
 
 QString Walker::EndAct()
 {
+    // Nobody clicks before the window is active again that a box had covered, unless a close waited for that.
+    while (console_->window->isVisible() && !QApplication::activeWindow()) {
+        console_->window->activateWindow();
+        QCoreApplication::processEvents();
+    }
     // Each failure ends the connection once and is told once.
     const kelvo::Calls calls = console_->Calls();
     if (boxes_["Connection Error"] > std::ranges::count(calls, "DLLShutdown"))
@@ -221,11 +259,6 @@ QString Walker::EndAct()
         calls_ << QString::fromStdString(call);
     console_->Forget();
     console_->clock.pauses.clear();
-    // Nobody clicks before the window is active again that a box had covered.
-    while (!QApplication::activeWindow()) {
-        console_->window->activateWindow();
-        QCoreApplication::processEvents();
-    }
     return wrong_;
 }
 
@@ -233,8 +266,12 @@ QString Walker::EndAct()
 void Walker::Note()
 {
     NoteClock();
+    if (witness.connected)
+        ledger_.ConnectionMayCome();
     if (!console_->window->isVisible())
         StartAgain();
+    else
+        Wrong(ledger_.Look(*console_));
     NoteWhatPlays();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/controls/levelfield.h"
+#include "ui/walk/ledger.h"
 #include "ui/walk/truth.h"
 #include "ui/walk/witness.h"
 
@@ -33,6 +34,8 @@ class Walker : public QObject {
 
     ConsoleUnderTest &Console() { return *console_; }
     const ConsoleUnderTest &Console() const { return *console_; }
+    Ledger &Kept() { return ledger_; }
+    const Ledger &Kept() const { return ledger_; }
     Truth Holds() const { return Truth(*console_); }
 
     // Chance.
@@ -76,6 +79,8 @@ class Walker : public QObject {
     void Click(QWidget *control);
     /// Types over the text, and then presses Enter or not.
     void Type(QLineEdit *field, const QString &text, bool enter);
+    /// In the open window of the history; a row that is not there is left alone.
+    void ClickRow(int row);
     /// A menu's command, when it can be chosen now.
     void Choose(const char *action);
     /// Lets go of everything and leaves nothing half typed; answers as `EndAct`.
@@ -83,6 +88,8 @@ class Walker : public QObject {
     /// Asks the window to close; the question that may follow is mostly cancelled. When the window does
     /// close, a new console starts on the same files and the same unit.
     void Close();
+    /// As if the process had been killed: the next console starts on the same files and the same unit.
+    void Kill();
     /// The file, and others like it, that dialogs choose from.
     QString AnyFile(bool toSave);
 
@@ -90,6 +97,9 @@ class Walker : public QObject {
     void BeginAct(const char *name);
     /// What the act did that no act may do; "" = nothing.
     QString EndAct();
+    void Wrong(const QString &what);
+    /// A level is half typed somewhere.
+    bool HalfTyped() const;
     QString LastActs() const { return acts_.join(", "); }
     QString LastCalls() const { return calls_.join(", "); }
     /// False after a call that failed or a lost link, until nothing plays any more: what plays in the unit
@@ -129,10 +139,10 @@ class Walker : public QObject {
     void AnswerTime(QDialog *dialog);
     /// Timers tick and the window is asked to close while a box is open: the unit must not hear of it.
     void Pester();
-    void Wrong(const QString &what);
 
     std::mt19937 random_;
     QTemporaryDir folder_;
+    Ledger ledger_{folder_.filePath("data/journals")};
     std::unique_ptr<ConsoleUnderTest> console_;
     double seconds_ = 0; ///< of the unit's clock
     QStringList acts_;   ///< the newest, oldest first
