@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTableView>
+#include <QWindow>
 
 namespace kelvo {
 
@@ -23,14 +24,25 @@ struct DiffersConsole : ConsoleUnderTest {
     void OpenDiffers()
     {
         Key(Qt::Key_F9);
-        [&] { QVERIFY(QTest::qWaitForWindowActive(Differs())); }();
+        ToFront(Differs());
+    }
+
+    /// A window manager moves the focus in its own time, and may still be busy with the window before.
+    static void ToFront(QWidget *front)
+    {
+        constexpr int Settled = 30; ///< milliseconds
+        const auto stays = [front] {
+            front->activateWindow();
+            QTest::qWait(Settled);
+            return front->isActiveWindow() && QApplication::focusWindow() == front->windowHandle();
+        };
+        QTRY_VERIFY(stays() && stays());
     }
 
     /// In the main window, which comes to the front.
     void TypeBeside(const char *field, const char *text)
     {
-        window->activateWindow();
-        [&] { QVERIFY(QTest::qWaitForWindowActive(window.get())); }();
+        ToFront(window.get());
         Type(field, text);
     }
 

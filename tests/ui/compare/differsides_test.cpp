@@ -171,11 +171,11 @@ void DifferSidesTest::aFileThatIsSavedAgainIsReadAgain()
     console.OpenDiffers();
     console.ChooseNextFile(path);
     console.ChooseItem("cboRight", "File ...");
-    console.window->activateWindow();
+    console.ToFront(console.window.get());
     MoveThreeTrims(console);
     QCOMPARE(console.Rows(), (QStringList{LeftTrim, CenterTrim, RightTrim}));
     console.Trigger("mnuSave");
-    console.Differs()->activateWindow();
+    console.ToFront(console.Differs());
     QTRY_COMPARE(console.Total(), "No difference");
 }
 

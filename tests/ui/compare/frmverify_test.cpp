@@ -124,7 +124,7 @@ void FrmVerifyTest::anEditMakesTheVerdictOneOfThePast()
 {
     DiffersConsole console(OnLine, Tab::OutputTrim);
     console.Trigger("mnuVerify");
-    console.window->activateWindow();
+    console.ToFront(console.window.get());
     console.Tick("tmrPoll"); // finds nothing new
     QCOMPARE(Verdict(console), "The unit holds what the screen shows (132 settings)");
     console.Type("lblPNG(2)", "3");

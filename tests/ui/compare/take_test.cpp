@@ -144,9 +144,9 @@ void TakeTest::whatIsTypedIsTakenFirst()
     DiffersConsole console(OnLine, Tab::OutputTrim);
     OpenAgainstSample(console);
     ChooseRow(console, SampleTrim);
-    console.window->activateWindow();
+    console.ToFront(console.window.get());
     console.TypeOnly("lblPNG(0)", "1.5");
-    console.Differs()->activateWindow();
+    console.ToFront(console.Differs());
     console.Click("cmdTake");
     QCOMPARE(console.room.Audio.ChannelTrim[Left], Byte(9));
     QCOMPARE(console.room.Audio.ChannelTrim[Center], Byte(8));
@@ -157,9 +157,9 @@ void TakeTest::aBadTypedValueCallsTheTakeOff()
     DiffersConsole console(OnLine, Tab::OutputTrim);
     OpenAgainstSample(console);
     ChooseRow(console, SampleTrim);
-    console.window->activateWindow();
+    console.ToFront(console.window.get());
     console.TypeOnly("lblPNG(0)", "99");
-    console.Differs()->activateWindow();
+    console.ToFront(console.Differs());
     console.AnswerNextBox("Range Check Error", QMessageBox::Ok);
     console.Click("cmdTake");
     QVERIFY(console.AllBoxesSeen());
