@@ -148,8 +148,9 @@ void Editor::Adopt(RoomSettings room, Source source)
 void Editor::Follow(const Changed &changed)
 {
     const bool connection = changed.source == Source::Connection;
-    // A first connection finds the factory defaults, unless something was brought back before it.
-    const bool replaces = unitSeen_ || std::ranges::any_of(history_.Steps(), &Step::read);
+    // A first connection finds the factory defaults, unless settings were brought back or recalled before it.
+    const auto setSomething = [](const Step &step) { return !step.values.empty(); };
+    const bool replaces = unitSeen_ || std::ranges::any_of(history_.Steps(), setSomething);
     unitSeen_ = unitSeen_ || connection;
     const bool asked = connection || changed.source == Source::Update;
     if (!asked && changed.source != Source::Reread)
@@ -237,6 +238,10 @@ void Editor::LeaveHistory()
 {
     history_.End();
     journal_.Leave();
+    for (int slot = 0; slot < SlotCount; ++slot)
+        if (slots_.Kept(slot))
+            journal_.KeepSlot(slot, Now()); // they stay in this run
+    journal_.Flush();
 }
 
 void Editor::Saved(const std::string &fileName)

@@ -60,7 +60,7 @@ class Editor {
     void Adopt(RoomSettings room, Source source);
     /// The link has taken values from the unit into the room. What a connection or an update replaced is a
     /// step; there is none of a run's first connection, which finds nothing to replace but what was brought
-    /// back.
+    /// back or recalled.
     void Follow(const Changed &changed);
 
     /// To the state after the first `done` steps, as one edit.

@@ -116,9 +116,12 @@ QString Ledger::Begin(const ConsoleUnderTest &console)
 
 QString Ledger::End(const ConsoleUnderTest &console, bool killed)
 {
+    FollowTaken(console.window->Edits().Steps());
+    if (!killed && between_.file)
+        TakeInLeft(); // the exit came in the same act
     std::set<QString> files = Files();
     for (const auto &[name, left] : left_)
-        if ((files.erase(name) == 0) != (!killed && taken_.contains(name)))
+        if ((files.erase(name) == 0) != (!killed && taken_.contains(name) && taken_.at(name).second))
             return "an exit left what was taken, or took what was not";
     if (!killed)
         return files.empty() ? "" : "an exit left its journal";
@@ -154,6 +157,7 @@ QString Ledger::Reread(const ConsoleUnderTest &console, const Witness &unit,
 QString Ledger::Look(const ConsoleUnderTest &console, const RoomSettings *read)
 {
     between_.read = read;
+    FollowTaken(console.window->Edits().Steps());
     QString wrong = trail_.Look(console.room, console.window->Edits().Steps(), between_);
     if (wrong.isEmpty())
         wrong = LookAtOffers(console);
@@ -167,9 +171,12 @@ QString Ledger::Look(const ConsoleUnderTest &console, const RoomSettings *read)
 /// An offer that is gone was taken: room and slots are the ones that it promised.
 QString Ledger::LookAtOffers(const ConsoleUnderTest &console)
 {
+    const std::size_t known = left_.size();
+    if (between_.file)
+        TakeInLeft();
     const QStringList offers = OffersOf(console);
     const QStringList before = std::exchange(offers_, offers);
-    if (offers.size() == before.size())
+    if (offers.size() == before.size() + qsizetype(left_.size() - known))
         return {};
     const auto isTaken = [&](const auto &left) {
         const LeftBehind &found = left.second;
@@ -185,11 +192,31 @@ QString Ledger::LookAtOffers(const ConsoleUnderTest &console)
     const auto found = std::ranges::find_if(left_, isTaken);
     if (offers.size() != before.size() - 1 || found == left_.end())
         return "what was brought back is not what was left";
-    taken_.insert(found->first);
+    const Step *last = console.window->Edits().Steps().Last();
+    const bool made = found->second.done > 0 && last && last->name.starts_with("Bring back");
+    taken_[found->first] = {made ? last->number : 0, true};
     for (int slot = 0; slot < SlotCount; ++slot)
         if (const RoomSettings *room = found->second.slotsKept.Kept(slot))
             kept_.Keep(slot, *room);
     return {};
+}
+
+/// Edits of a room that is in no file give way to an opened one without a question.
+void Ledger::TakeInLeft()
+{
+    for (const QString &name : Files()) {
+        const QString path = QDir(journals_).filePath(name);
+        if (!left_.contains(name) && IsAbandoned(path.toStdString()))
+            left_.emplace(name, ReadLeft(path));
+    }
+}
+
+void Ledger::FollowTaken(const History &history)
+{
+    for (auto &[name, taken] : taken_)
+        for (std::size_t at = 0; at < history.Steps().size(); ++at)
+            if (history.Steps()[at].number == taken.first)
+                taken.second = at < history.Done();
 }
 
 QString Ledger::LookAtSlots(const ConsoleUnderTest &console)

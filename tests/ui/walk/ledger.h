@@ -38,6 +38,8 @@ class Ledger {
   private:
     QString LookAtOffers(const ConsoleUnderTest &console);
     QString LookAtSlots(const ConsoleUnderTest &console);
+    void TakeInLeft();
+    void FollowTaken(const History &history);
     std::set<QString> Files() const;
 
     QString journals_; ///< their folder
@@ -45,9 +47,11 @@ class Ledger {
     Trail::Between between_;
     Slots kept_;
     int keeping_ = -1;
-    std::map<QString, LeftBehind> left_; ///< by earlier runs; by file
+    std::map<QString, LeftBehind> left_; ///< by earlier runs, and by an Open without a question; by file
     QStringList offers_;
-    std::set<QString> taken_; ///< of those
+    /// Of those, which step took each, and whether that is still in effect: else it is kept for another
+    /// start.
+    std::map<QString, std::pair<std::size_t, bool>> taken_;
 };
 
 /// What the menu offers to bring back, newest first.
