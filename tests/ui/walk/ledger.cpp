@@ -99,6 +99,7 @@ QString Ledger::Begin(const ConsoleUnderTest &console)
     keeping_ = -1;
     taken_.clear();
     left_.clear();
+    newest_ = 0;
     QStringList expected;
     for (const QString &name : Files()) {
         const LeftBehind left = ReadLeft(QDir(journals_).filePath(name));
@@ -122,7 +123,10 @@ QString Ledger::End(const ConsoleUnderTest &console, bool killed)
     std::set<QString> files = Files();
     for (const auto &[name, left] : left_)
         if ((files.erase(name) == 0) != (!killed && taken_.contains(name) && taken_.at(name).second))
-            return "an exit left what was taken, or took what was not";
+            return QString("an exit %1 %2, taken %3, in effect %4")
+                .arg(Files().contains(name) ? "left" : "took", name)
+                .arg(taken_.contains(name) ? int(taken_.at(name).first) : -1)
+                .arg(taken_.contains(name) && taken_.at(name).second);
     if (!killed)
         return files.empty() ? "" : "an exit left its journal";
     const std::size_t done = console.window->Edits().Steps().DoneInAll();
@@ -163,6 +167,8 @@ QString Ledger::Look(const ConsoleUnderTest &console, const RoomSettings *read)
         wrong = LookAtOffers(console);
     if (wrong.isEmpty())
         wrong = LookAtSlots(console);
+    if (const Step *last = console.window->Edits().Steps().Last())
+        newest_ = std::max(newest_, last->number);
     between_ = {};
     keeping_ = -1;
     return wrong;
@@ -180,8 +186,10 @@ QString Ledger::LookAtOffers(const ConsoleUnderTest &console)
         return {};
     const auto isTaken = [&](const auto &left) {
         const LeftBehind &found = left.second;
+        // Of two that are alike the one that was taken is in the console's hand.
         bool same = CountOf(found, before) > CountOf(found, offers) && !taken_.contains(left.first) &&
-                    (found.done == 0 || Differing(found.room, console.room).none());
+                    (found.done == 0 || Differing(found.room, console.room).none()) &&
+                    !IsAbandoned(QDir(journals_).filePath(left.first).toStdString());
         for (int slot = 0; slot < SlotCount; ++slot) {
             const RoomSettings *back = found.slotsKept.Kept(slot);
             same =
@@ -192,8 +200,9 @@ QString Ledger::LookAtOffers(const ConsoleUnderTest &console)
     const auto found = std::ranges::find_if(left_, isTaken);
     if (offers.size() != before.size() - 1 || found == left_.end())
         return "what was brought back is not what was left";
+    // Where nothing differed there was no step that could be undone.
     const Step *last = console.window->Edits().Steps().Last();
-    const bool made = found->second.done > 0 && last && last->name.starts_with("Bring back");
+    const bool made = last && last->number > newest_ && last->name.starts_with("Bring back");
     taken_[found->first] = {made ? last->number : 0, true};
     for (int slot = 0; slot < SlotCount; ++slot)
         if (const RoomSettings *room = found->second.slotsKept.Kept(slot))

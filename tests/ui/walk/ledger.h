@@ -52,6 +52,7 @@ class Ledger {
     /// Of those, which step took each, and whether that is still in effect: else it is kept for another
     /// start.
     std::map<QString, std::pair<std::size_t, bool>> taken_;
+    std::size_t newest_ = 0; ///< of the steps at the last look
 };
 
 /// What the menu offers to bring back, newest first.

@@ -27,7 +27,6 @@ constexpr std::array Stations{
     "frmGuide",
     "brought back",
     "undone to the start",
-    "undone to the start after a re-read",
     "Open",
     "Save As",
     "Connection Error",
