@@ -16,8 +16,8 @@ class AppendFile {
     /// A new file at `path` (UTF-8), with the folder that it is in.
     [[nodiscard]] std::error_code Create(const std::string &path);
     bool IsOpen() const { return file_.handle != NoFile; }
-    /// Returns when the system has everything: what this process has appended outlives it, but not a power cut.
-    /// After a failure the end of the file may be cut.
+    /// Returns when the system has everything: what this process has appended outlives it, but not a power
+    /// cut. After a failure the end of the file may be cut.
     [[nodiscard]] std::error_code Append(std::string_view bytes);
     /// Returns when the disk has everything.
     [[nodiscard]] std::error_code Flush();

@@ -280,8 +280,8 @@ int LevelSlider::CentreOf(int position) const
     return ThumbAt(position).center().y();
 }
 
-/// At the right of the groove's upper end, or of its lower one while the thumb stands there. A slider may be much
-/// wider than its thumb, and the mark of one is not to be taken for its neighbour's.
+/// At the right of the groove's upper end, or of its lower one while the thumb stands there. A slider may be
+/// much wider than its thumb, and the mark of one is not to be taken for its neighbour's.
 QPoint LevelSlider::MarkBeside(const QRect &thumb) const
 {
     const QPoint upper(std::min(thumb.right() + 1, width() - UnsentMark::Size), 0);

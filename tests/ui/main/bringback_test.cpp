@@ -18,6 +18,7 @@ class BringBackTest : public QObject {
   private slots:
     void theLineUnderTheLampOffersWithoutABox();
     void takingItIsOneStepThatGivesTheVerySameSettings();
+    void whatAReReadFoundBesideTheStepsComesBackToo();
     void offLineItIsOfferedToo();
     void anOpenedFilesNameComesBack();
     void severalAreASubmenu();
@@ -108,6 +109,24 @@ void BringBackTest::takingItIsOneStepThatGivesTheVerySameSettings()
     QVERIFY(!console.Action("mnuRecover")->isEnabled());
     console.Trigger("mnuUndo");
     QCOMPARE(console.Find<QLineEdit>("lblPNG(1)")->text(), "0.0");
+}
+
+void BringBackTest::whatAReReadFoundBesideTheStepsComesBackToo()
+{
+    QTemporaryDir data;
+    KilledRun(data.path(), [&](ConsoleUnderTest &run) {
+        ThreeEdits(run);
+        run.unit.audio.ChannelTrim[Subwoofer] = 4;
+        run.options.AutoRefresh = true;
+        run.options.RefreshSeconds = 1;
+        run.Tick("tmrRefresh");
+        QCOMPARE(run.Find<QLineEdit>("lblPNG(5)")->text(), "4.0");
+    });
+    NextRun console(data.path());
+    QCOMPARE(Line(console), "Bring back 3 changes of 21:4");
+    console.Trigger("mnuRecover");
+    QCOMPARE(console.Find<QLineEdit>("lblPNG(5)")->text(), "4.0");
+    QCOMPARE(console.Find<QLineEdit>("lblPNG(0)")->text(), "3.0");
 }
 
 void BringBackTest::offLineItIsOfferedToo()
