@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QMenu>
 
 #include <algorithm>
@@ -36,6 +37,11 @@ bool AnySlot(const Slots &kept)
         if (kept.Kept(slot))
             return true;
     return false;
+}
+
+bool SeesUnit(const ConsoleUnderTest &console)
+{
+    return console.Find<QLabel>("lblStat")->text() != "Off Line";
 }
 
 QString OfferOf(const LeftBehind &left)
@@ -98,8 +104,10 @@ QString Ledger::Begin(const ConsoleUnderTest &console)
     kept_ = {};
     keeping_ = -1;
     taken_.clear();
-    left_.clear();
+    unitSeen_ = SeesUnit(console);
+    mayBeTouched_ = false;
     newest_ = 0;
+    left_.clear();
     QStringList expected;
     for (const QString &name : Files()) {
         const LeftBehind left = ReadLeft(QDir(journals_).filePath(name));
@@ -161,16 +169,17 @@ QString Ledger::Reread(const ConsoleUnderTest &console, const Witness &unit,
 QString Ledger::Look(const ConsoleUnderTest &console, const RoomSettings *read)
 {
     between_.read = read;
+    unitSeen_ = unitSeen_ || SeesUnit(console);
+    mayBeTouched_ = mayBeTouched_ || between_.file;
     FollowTaken(console.window->Edits().Steps());
     QString wrong = trail_.Look(console.room, console.window->Edits().Steps(), between_);
     if (wrong.isEmpty())
         wrong = LookAtOffers(console);
     if (wrong.isEmpty())
         wrong = LookAtSlots(console);
-    if (const Step *last = console.window->Edits().Steps().Last())
-        newest_ = std::max(newest_, last->number);
     between_ = {};
     keeping_ = -1;
+    newest_ = trail_.Newest();
     return wrong;
 }
 

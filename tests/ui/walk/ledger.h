@@ -22,7 +22,7 @@ class Ledger {
 
     // What the act under way may do.
     void FileMayCome() { between_.file = true; }
-    void ConnectionMayCome() { between_.connected = true; }
+    void ConnectionMayCome() { between_.connected = !unitSeen_; }
     void SlotMayBeKept(int slot) { keeping_ = slot; }
     /// The unit is being read again, and the console has nothing else to do.
     QString Reread(const ConsoleUnderTest &console, const Witness &unit, const std::function<void()> &tick);
@@ -33,6 +33,8 @@ class Ledger {
     QString WrongJournals(const ConsoleUnderTest &console) const;
     const RoomSettings *Slot(int slot) const { return kept_.Kept(slot); }
     bool Touched() const { return trail_.Touched(); }
+    /// A step may have come and gone with its room in one act.
+    bool MayBeTouched() const { return mayBeTouched_; }
     const RoomSettings *Start() const { return trail_.Start(); }
 
   private:
@@ -47,6 +49,8 @@ class Ledger {
     Trail::Between between_;
     Slots kept_;
     int keeping_ = -1;
+    bool unitSeen_ = false; ///< in this run
+    bool mayBeTouched_ = false;
     std::map<QString, LeftBehind> left_; ///< by earlier runs, and by an Open without a question; by file
     QStringList offers_;
     /// Of those, which step took each, and whether that is still in effect: else it is kept for another

@@ -1,5 +1,7 @@
 #include "ui/walk/trail.h"
 
+#include "model/changed.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -84,14 +86,15 @@ QString Trail::Look(const RoomSettings &room, const History &history, const Betw
         startHolds_ = startHolds_ && Differing(*between.read, room_).none();
         room_ = *between.read;
     }
+    if (between.connected)
+        TakeFirstConnection(room);
     if (steps.empty()) {
         const bool gone = !order_.empty() && !between.file;
         const FieldSet wrong = Differing(room_, room);
-        const bool mayDiffer = between.file || between.connected;
         Restart(room);
-        return gone                        ? QString("the history is gone")
-               : wrong.any() && !mayDiffer ? "without a step other values: " + NamesOf(wrong)
-                                           : QString();
+        return gone                           ? QString("the history is gone")
+               : wrong.any() && !between.file ? "without a step other values: " + NamesOf(wrong)
+                                              : QString();
     }
     if (!Follows(history)) {
         LoseSteps(room, history);
@@ -127,6 +130,19 @@ bool Trail::Follows(const History &history) const
     return all && known <= order_.size() &&
            std::equal(order_.begin(), order_.begin() + std::ptrdiff_t(known), steps.begin(),
                       [](std::size_t number, const Step &step) { return number == step.number; });
+}
+
+/// It is no step while the steps have set texts alone.
+void Trail::TakeFirstConnection(const RoomSettings &room)
+{
+    const FieldSet records = Changed::Unit(Source::Connection).fields;
+    const bool set = std::ranges::any_of(
+        order_, [&](std::size_t number) { return (steps_.at(number).fields & records).any(); });
+    if (set)
+        return;
+    Copy(room, records, room_);
+    unsure_ |= records;
+    startHolds_ = false;
 }
 
 /// The oldest went, and the newest perhaps; what is left begins where the first of it did.

@@ -19,7 +19,7 @@ class Trail {
     /// What may happen between two looks beside edits and moves in the history.
     struct Between {
         bool file = false;                  ///< the room became another file's, or got its first name
-        bool connected = false;             ///< a first connection replaces what nobody has worked on
+        bool connected = false;             ///< a first connection replaces settings that nobody has set
         const RoomSettings *read = nullptr; ///< the unit was read again: the room as it should be then
     };
 
@@ -29,6 +29,7 @@ class Trail {
     QString Look(const RoomSettings &room, const History &history, const Between &between);
     /// There was a step in this run; nobody can tell when it came and went between two looks.
     bool Touched() const { return touched_; }
+    std::size_t Newest() const { return newest_; } ///< the number of the newest step
     /// The room at the start of its history, while that is what undoing everything gives: a re-read that
     /// found other values moves it.
     const RoomSettings *Start() const { return startHolds_ ? &start_ : nullptr; }
@@ -46,6 +47,7 @@ class Trail {
     void AddNew(const RoomSettings &room, const History &history, std::size_t first);
     void Restart(const RoomSettings &room);
     bool Follows(const History &history) const;
+    void TakeFirstConnection(const RoomSettings &room);
     void LoseSteps(const RoomSettings &room, const History &history);
 
     std::map<std::size_t, Seen> steps_;

@@ -127,7 +127,8 @@ QString WrongSent(const Walker &walker)
     if (amber != (count.value_or(0) > 0))
         return QString("lblSent, \"%1\", is %2").arg(shown, amber ? "amber" : "not amber");
     const QStringList offers = OffersOf(walker.Console());
-    if (count.value_or(0) == 0 && !offers.isEmpty() && !walker.Kept().Touched())
+    const bool mayOffer = count.value_or(0) == 0 && !offers.isEmpty() && !walker.Kept().Touched();
+    if (mayOffer && !(walker.Kept().MayBeTouched() && shown != offers.first()))
         return shown == offers.first() ? "" : QString("lblSent reads \"%1\" beside offers").arg(shown);
     const QString truth = !count ? QString()
                           : *count == 0

@@ -63,6 +63,7 @@ void Walker::Start()
     ++places["start"];
     signalsKnown_ = streamKnown_ = false;
     heldKey = 0;
+    witness.connected = false; // what the start showed is where the ledger begins
     Wrong(ledger_.Begin(*console_));
 }
 
