@@ -59,20 +59,21 @@ qsizetype CountOf(const LeftBehind &left, const QStringList &offers)
                                  [&left](const QString &offer) { return offer.startsWith(OfferOf(left)); });
 }
 
-/// What the room must be after a re-read: what was in the unit is what it is there now, the rest stands.
+/// What the room must be after a re-read: what nobody has edited is what it is in the unit now, the rest
+/// stands.
 RoomSettings AfterReread(const RoomSettings &room, const Witness &before, const Witness &after)
 {
     RoomSettings expected = room;
-    if (!before.audio || !before.system || !after.audio || !after.system)
+    if (!before.agreedAudio || !before.agreedSystem || !after.audio || !after.system)
         return expected;
-    RoomSettings held = room, told = room;
-    held.Audio = *before.audio;
-    held.System = *before.system;
+    RoomSettings agreed = room, told = room;
+    agreed.Audio = *before.agreedAudio;
+    agreed.System = *before.agreedSystem;
     told.Audio = *after.audio;
     told.System = *after.system;
     ForEachField([&](FieldId id, const Field &field) {
         const bool inRecord = field.place == Place::Audio || field.place == Place::System;
-        if (inRecord && Get(room, id) == Get(held, id))
+        if (inRecord && Get(room, id) == Get(agreed, id))
             Set(expected, id, Get(told, id));
     });
     return expected;

@@ -38,7 +38,9 @@ void UseDiffers(Walker &walker)
                     false);
         break;
     case 2:
+        walker.witness.apart = true;
         click("cmdReadAgain");
+        walker.witness.apart = false;
         break;
     default:
         if (auto *table = frmDiffers->findChild<QTableView *>("tblDiffers"); table->isVisible())
@@ -50,7 +52,9 @@ void UseDiffers(Walker &walker)
 
 void Verify(Walker &walker)
 {
+    walker.witness.apart = true;
     walker.Choose("mnuVerify");
+    walker.witness.apart = false;
 }
 
 void OpenGuide(Walker &walker)

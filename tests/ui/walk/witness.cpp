@@ -37,7 +37,7 @@ void Witness::NoteRead(const Call &call)
 {
     const bool reads = call.operation == Operation::GetAudio || call.operation == Operation::GetSystem;
     if (reads && !beforeRead_) {
-        beforeRead_ = {audio, system};
+        beforeRead_ = {audio, system, agreedAudio, agreedSystem};
         failuresOfRead_ = 0;
     }
     if (reads || call.operation == Operation::ClearError)
@@ -45,6 +45,8 @@ void Witness::NoteRead(const Call &call)
     if (beforeRead_ && readFailed_) {
         audio = beforeRead_->audio;
         system = beforeRead_->system;
+        agreedAudio = beforeRead_->agreedAudio;
+        agreedSystem = beforeRead_->agreedSystem;
     }
     beforeRead_.reset();
     readFailed_ = false;
@@ -70,15 +72,17 @@ void Witness::NoteSuccess(const Call &call)
         break;
     case Operation::GetAudio:
         audio = RecordOf<AudioBlock>(call.bytesOut);
+        agreedAudio = apart ? agreedAudio : audio;
         break;
     case Operation::SetAudio:
-        audio = RecordOf<AudioBlock>(call.bytesIn);
+        audio = agreedAudio = RecordOf<AudioBlock>(call.bytesIn);
         break;
     case Operation::GetSystem:
         system = RecordOf<SystemBlock>(call.bytesOut);
+        agreedSystem = apart ? agreedSystem : system;
         break;
     case Operation::SetSystem:
-        system = RecordOf<SystemBlock>(call.bytesIn);
+        system = agreedSystem = RecordOf<SystemBlock>(call.bytesIn);
         break;
     case Operation::GetVol:
         fader = call.wordsOut.front();

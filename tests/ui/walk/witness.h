@@ -18,6 +18,10 @@ class Witness : public CallObserver {
     std::optional<AudioBlock> audio;
     std::optional<SystemBlock> system;
     std::optional<Word> fader, mute, format;
+    /// What screen and unit last had in common: a read for comparing shows nothing.
+    std::optional<AudioBlock> agreedAudio;
+    std::optional<SystemBlock> agreedSystem;
+    bool apart = false; ///< such a read may come
 
     int calls = 0; ///< all of them
     std::map<Operation, int> callsOf{};
@@ -37,6 +41,8 @@ class Witness : public CallObserver {
     struct Records {
         std::optional<AudioBlock> audio;
         std::optional<SystemBlock> system;
+        std::optional<AudioBlock> agreedAudio;
+        std::optional<SystemBlock> agreedSystem;
     };
     std::optional<Records> beforeRead_; ///< while both records are being read
     int failuresOfRead_ = 0;            ///< one after another
