@@ -60,9 +60,10 @@ void GoInHistory(Walker &walker)
         return;
     const auto *list = frmHistory->findChild<QListWidget *>("lstHistory");
     const bool halfTyped = walker.HalfTyped();
-    KeepingLive(walker, [&] { walker.ClickRow(walker.Number(list->count())); });
+    bool clicked = false;
+    KeepingLive(walker, [&] { clicked = walker.ClickRow(walker.Number(list->count())); });
     // A bad value that the press itself has told of takes the click.
-    if (!halfTyped && list->isVisible() &&
+    if (clicked && !halfTyped && list->isVisible() &&
         list->currentRow() != int(walker.Console().window->Edits().Steps().Done()))
         walker.Wrong("the history stands at a row that is not reached");
 }

@@ -139,15 +139,16 @@ void Walker::Type(QLineEdit *field, const QString &text, bool enter)
         console_->TypeOnly(field, text);
 }
 
-void Walker::ClickRow(int row)
+bool Walker::ClickRow(int row)
 {
     const QDialog *frmHistory = Open("frmHistory");
     auto *list = frmHistory ? frmHistory->findChild<QListWidget *>("lstHistory") : nullptr;
     if (!list || row >= list->count() || !frmHistory->isEnabled())
-        return;
+        return false;
     Activate(list);
     list->scrollToItem(list->item(row));
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+    return true;
 }
 
 void Walker::Choose(const char *action)

@@ -79,8 +79,8 @@ class Walker : public QObject {
     void Click(QWidget *control);
     /// Types over the text, and then presses Enter or not.
     void Type(QLineEdit *field, const QString &text, bool enter);
-    /// In the open window of the history; a row that is not there is left alone.
-    void ClickRow(int row);
+    /// In the open window of the history; false when the row cannot be clicked.
+    bool ClickRow(int row);
     /// A menu's command, when it can be chosen now.
     void Choose(const char *action);
     /// Lets go of everything and leaves nothing half typed; answers as `EndAct`.
