@@ -95,16 +95,20 @@ void LevelSlider::SetNeighbours(LevelSlider *left, LevelSlider *right)
     right_ = right;
 }
 
-void LevelSlider::TakeBy(Hand hand)
+/// False when what the hand before it had to send lost the link, and the slider with it.
+bool LevelSlider::TakeBy(Hand hand)
 {
     if (hand_ == hand)
-        return;
+        return true;
     if (entries_.sliderHeld)
         entries_.sliderHeld->LetGo();
+    if (!isEnabled())
+        return false;
     hand_ = hand;
     entries_.sliderHeld = this;
     entries_.SendArmed = hand != Hand::Key;
     emit Taken();
+    return true;
 }
 
 void LevelSlider::AwaitRelease()
@@ -164,7 +168,8 @@ void LevelSlider::keyPressEvent(QKeyEvent *event)
     }
     if (!leaps_ && (event->key() == Qt::Key_Home || event->key() == Qt::Key_End))
         return;
-    TakeBy(Hand::Key);
+    if (!TakeBy(Hand::Key))
+        return;
     AwaitRelease();
     if (LevelSlider *neighbour = NeighbourFor(event->key()))
         neighbour->setFocus(Qt::OtherFocusReason);
@@ -184,8 +189,8 @@ void LevelSlider::keyReleaseEvent(QKeyEvent *event)
 
 void LevelSlider::mousePressEvent(QMouseEvent *event)
 {
-    if (event->buttons() == event->button())
-        TakeBy(Hand::Mouse);
+    if (event->buttons() == event->button() && !TakeBy(Hand::Mouse))
+        return;
     QSlider::mousePressEvent(event);
     // The toolkit goes on paging while the button is down; a button held in the groove is one step.
     setRepeatAction(SliderNoAction);
@@ -224,7 +229,8 @@ void LevelSlider::TurnBy(int notches)
 {
     if (hand_ != Hand::None)
         return;
-    TakeBy(Hand::Wheel);
+    if (!TakeBy(Hand::Wheel))
+        return;
     Step(-notches);
     LetGo();
 }

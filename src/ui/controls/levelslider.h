@@ -62,7 +62,7 @@ class LevelSlider : public QSlider {
   private:
     enum class Hand { None, Key, Mouse, Wheel };
 
-    void TakeBy(Hand hand);
+    bool TakeBy(Hand hand);
     void AwaitRelease();
     void Step(int positions);
     void TurnBy(int notches);

@@ -62,6 +62,7 @@ class OutputTrimPanelTest : public QObject {
     void explicitUploadSendsBothRecords();
     void cableLostInANoiseToggleIsOneMessage();
     void cableLostWhileTheUnmuteIsSentIsOneMessage();
+    void cableLostBetweenAKeyAndAClickOnTheSameSlider();
     void tabKeyRunsFromLeftToRight();
 };
 
@@ -325,6 +326,22 @@ void OutputTrimPanelTest::cableLostWhileTheUnmuteIsSentIsOneMessage()
     console.Click("cmdPN(3)");
     QVERIFY(console.AllBoxesSeen());
     QVERIFY(!std::ranges::count(console.Calls(), "SetPink 3 -1"));
+}
+
+void OutputTrimPanelTest::cableLostBetweenAKeyAndAClickOnTheSameSlider()
+{
+    Console console;
+    console.Slider(2)->setFocus();
+    console.Press(Qt::Key_Down);
+    console.unit.panel.plugged = false;
+    console.AnswerNextBox("Connection Error", QMessageBox::Ok);
+    console.ClickAt(console.Slider(2), 18);
+    QVERIFY(console.AllBoxesSeen());
+    QVERIFY(!console.Slider(2)->isEnabled());
+    QCOMPARE(console.Slider(2)->value(), 13);
+    QCOMPARE(console.room.Audio.ChannelTrim[Center], Byte(13));
+    console.Tick("tmrPoll");
+    QVERIFY(console.AllBoxesSeen());
 }
 
 void OutputTrimPanelTest::tabKeyRunsFromLeftToRight()
