@@ -159,7 +159,7 @@ void Editor::Follow(const Changed &changed)
     file_.UnitRead = file_.UnitRead || asked;
     if (asked && (replaces || !connection))
         AddRead(fileBefore);
-    else if (history_.Done() > 0 && !Between(seen_, room_).Empty())
+    else if (history_.DoneInAll() > 0 && !Between(seen_, room_).Empty())
         journal_.Keep(Now()); // no step, but what the steps' room shows
     seen_ = room_;
     journal_.Flush();

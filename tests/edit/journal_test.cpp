@@ -162,6 +162,27 @@ TEST_CASE(
     CHECK(found[0].room.Audio.ObeLevel == 3);
 }
 
+TEST_CASE("what a re-read finds is kept even where every step that can be undone is")
+{
+    struct : FileCalls {
+        std::error_code Flush(FileHandle) const override { return {}; } // ten thousand take their time
+    } calls;
+    const TestFolder folder;
+    {
+        JournaledRun run(folder, calls);
+        for (std::size_t step = 0; step <= History::Most; ++step)
+            run.SetField(field::ObeLevel, 3 + int(step % 2));
+        run.editor.MoveTo(0);
+        run.room.Audio.ChannelTrim[Left] = 4;
+        run.editor.Follow({Source::Reread});
+    }
+    const auto found = Found(folder);
+    REQUIRE(found.size() == 1);
+    CHECK(found[0].done == 1);
+    CHECK(found[0].room.Audio.ObeLevel == 3);
+    CHECK(found[0].room.Audio.ChannelTrim[Left] == 4);
+}
+
 TEST_CASE("a save is kept with its name; one that New has put out of use is none")
 {
     const TestFolder folder;

@@ -83,6 +83,23 @@ int TrimIn(const QString &path)
     return LoadConfigFile(path.toStdString(), saved) ? -1 : saved.Audio.ChannelTrim[Left];
 }
 
+/// A run that was killed with an edit after it had opened a file with trims of 3, and done `command` then.
+struct RexLeftBehind {
+    explicit RexLeftBehind(const char *command = nullptr)
+    {
+        Evening console(data.path());
+        if (!QFile::rename(console.Put("rex.zcf", 3), file) || !console.window->OpenFile(file))
+            qFatal("no file to begin with");
+        if (command)
+            console.Trigger(command);
+        console.Type("lblPNG(0)", "1");
+    }
+
+    QTemporaryDir data;
+    QTemporaryDir rooms;
+    const QString file = rooms.filePath("rex.zcf");
+};
+
 } // namespace
 
 void NothingLostTest::aSignalAtAQuestionCallsTheCommandOff_data()
@@ -204,17 +221,9 @@ void NothingLostTest::originalsThatCannotBeKeptAreOfferedToNoOtherUnit()
 
 void NothingLostTest::whatNewHasPutOutOfUseIsNotWrittenAfterBringBack()
 {
-    QTemporaryDir data;
-    QTemporaryDir rooms;
-    const QString rex = rooms.filePath("rex.zcf");
-    {
-        Evening console(data.path());
-        QVERIFY(QFile::rename(console.Put("rex.zcf", 3), rex));
-        QVERIFY(console.window->OpenFile(rex));
-        console.Trigger("mnuNew");
-        console.Type("lblPNG(0)", "1");
-    }
-    Evening next(data.path());
+    const RexLeftBehind left("mnuNew");
+    const QString &rex = left.file;
+    Evening next(left.data.path());
     next.Click("lblSent");
     QVERIFY(next.file.CurrentFileName.empty());
     next.ChooseNextFile({}); // Save asks for a name
@@ -224,17 +233,9 @@ void NothingLostTest::whatNewHasPutOutOfUseIsNotWrittenAfterBringBack()
 
 void NothingLostTest::whatTheUnitBroughtIsAskedForAfterBringBackToo()
 {
-    QTemporaryDir data;
-    QTemporaryDir rooms;
-    const QString rex = rooms.filePath("rex.zcf");
-    {
-        Evening console(data.path());
-        QVERIFY(QFile::rename(console.Put("rex.zcf", 3), rex));
-        QVERIFY(console.window->OpenFile(rex));
-        console.Trigger("mnuRef");
-        console.Type("lblPNG(0)", "1");
-    }
-    Evening next(data.path());
+    const RexLeftBehind left("mnuRef");
+    const QString &rex = left.file;
+    Evening next(left.data.path());
     next.Click("lblSent");
     QCOMPARE(next.file.CurrentFileName, rex.toStdString());
     next.AnswerNextBox("Save?", QMessageBox::No);
@@ -245,20 +246,13 @@ void NothingLostTest::whatTheUnitBroughtIsAskedForAfterBringBackToo()
 
 void NothingLostTest::aFileThatWasSavedSinceIsNotWrittenOver()
 {
-    QTemporaryDir data;
-    QTemporaryDir rooms;
-    const QString rex = rooms.filePath("rex.zcf");
-    {
-        Evening console(data.path());
-        QVERIFY(QFile::rename(console.Put("rex.zcf", 3), rex));
-        QVERIFY(console.window->OpenFile(rex));
-        console.Type("lblPNG(0)", "1");
-    }
+    const RexLeftBehind left;
+    const QString &rex = left.file;
     QFile newer(rex);
     QVERIFY(newer.open(QFile::ReadWrite));
     QVERIFY(newer.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
     newer.close();
-    Evening next(data.path());
+    Evening next(left.data.path());
     next.Click("lblSent");
     QCOMPARE(next.room.TheaterInfo[0], "Rex");
     QVERIFY(next.file.CurrentFileName.empty());
